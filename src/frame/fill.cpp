@@ -1,0 +1,293 @@
+// Byte kernels of Zero, Set, Copy, Move and Flip. Bodies use 64-byte vector stores with the
+// destination aligned to 64 bytes; heads and tails use masked or overlapping stores, so no byte
+// outside [dst, dst + n) is touched and no source byte outside [src, src + n) is read.
+#include "frame/fill.hpp"
+
+#include <immintrin.h>
+
+#include <cstdint>
+#include <cstring>
+
+namespace veks::kern {
+
+namespace {
+
+using V = __m512i;
+
+inline V load(const char* p) { return _mm512_loadu_si512(p); }
+inline void store(char* p, V v) { _mm512_storeu_si512(p, v); }
+inline __mmask64 first_bytes(size_t n) { return _bzhi_u64(~0ULL, static_cast<unsigned>(n)); }
+inline size_t to_boundary(const char* p) { return 64 - (reinterpret_cast<uintptr_t>(p) & 63); }
+
+bool cache_below(size_t bytes, bool at_least) {
+  int size = 0;
+  if (vekGetMaxCacheSizeB(&size) != vekStatusOk || size <= 0) return false;
+  return at_least ? bytes >= static_cast<size_t>(size) : bytes > static_cast<size_t>(size);
+}
+
+// Fills [d, d + n) with v, whose byte 0 belongs at d. `rot` yields the same pattern as it must
+// stand at an address a, given a - d (only called for 64-byte aligned a).
+template <class Rot>
+inline void fill_vec(char* d, size_t n, V v, Rot rot) {
+  if (n <= 64) {
+    _mm512_mask_storeu_epi8(d, first_bytes(n), v);
+    return;
+  }
+  if (n <= 128) {
+    store(d, v);
+    store(d + n - 64, v);
+    return;
+  }
+  if (n < 256) {
+    store(d, v);
+    store(d + 64, v);
+    store(d + n - 128, v);
+    store(d + n - 64, v);
+    return;
+  }
+  store(d, v);
+  char* a = d + to_boundary(d);
+  char* const end = d + n;
+  const V w = rot(static_cast<size_t>(a - d));
+  for (; a + 256 <= end; a += 256) {
+    _mm512_store_si512(a, w);
+    _mm512_store_si512(a + 64, w);
+    _mm512_store_si512(a + 128, w);
+    _mm512_store_si512(a + 192, w);
+  }
+  for (; a + 64 <= end; a += 64) _mm512_store_si512(a, w);
+  store(end - 64, v);  // n - 64 is a multiple of the element size: v's phase is right
+}
+
+// Large fill for an element-aligned destination: unaligned head, non-temporal body, fence,
+// ordinary tail.
+inline void fill_stream(char* d, size_t n, V v) {
+  store(d, v);
+  char* a = d + to_boundary(d);
+  char* const end = d + n;
+  for (; a + 256 <= end; a += 256) {
+    _mm512_stream_si512(reinterpret_cast<V*>(a), v);
+    _mm512_stream_si512(reinterpret_cast<V*>(a + 64), v);
+    _mm512_stream_si512(reinterpret_cast<V*>(a + 128), v);
+    _mm512_stream_si512(reinterpret_cast<V*>(a + 192), v);
+  }
+  for (; a + 64 <= end; a += 64) _mm512_stream_si512(reinterpret_cast<V*>(a), v);
+  _mm_sfence();
+  store(end - 64, v);
+}
+
+}  // namespace
+
+void zero_bytes(void* dst, size_t n) {
+  auto d = static_cast<char*>(dst);
+  if (n > kFillLargeBytes) {
+    __asm__ volatile("rep stosb" : "+D"(d), "+c"(n) : "a"(0) : "memory");
+    return;
+  }
+  const V z = _mm512_setzero_si512();
+  fill_vec(d, n, z, [&](size_t) { return z; });
+}
+
+void fill_pattern(void* dst, size_t n, const void* elem, size_t esize) {
+  auto d = static_cast<char*>(dst);
+  alignas(64) char twice[128];  // the pattern over 128 bytes; any 64 of them from offset r < 16
+  for (size_t i = 0; i < sizeof twice; i += esize) std::memcpy(twice + i, elem, esize);
+  const V v = _mm512_load_si512(twice);
+  const bool elem_aligned = reinterpret_cast<uintptr_t>(d) % esize == 0;
+  if (n > kFillLargeBytes && elem_aligned && cache_below(n, false)) {
+    fill_stream(d, n, v);
+    return;
+  }
+  fill_vec(d, n, v, [&](size_t off) { return load(twice + off % esize); });
+}
+
+namespace {
+
+// Copies n bytes with 64-byte loads; destination stores aligned in the body; `Stream` picks
+// non-temporal stores for the body.
+template <bool Stream>
+inline void copy_block(const char* s, char* d, size_t n) {
+  const V head = load(s);
+  const V t0 = load(s + n - 256), t1 = load(s + n - 192), t2 = load(s + n - 128),
+          t3 = load(s + n - 64);
+  const size_t skip = to_boundary(d);
+  const char* p = s + skip;
+  char* a = d + skip;
+  char* const stop = d + n - 256;
+  for (; a + 256 <= stop; a += 256, p += 256) {
+    const V x0 = load(p), x1 = load(p + 64), x2 = load(p + 128), x3 = load(p + 192);
+    if constexpr (Stream) {
+      _mm512_stream_si512(reinterpret_cast<V*>(a), x0);
+      _mm512_stream_si512(reinterpret_cast<V*>(a + 64), x1);
+      _mm512_stream_si512(reinterpret_cast<V*>(a + 128), x2);
+      _mm512_stream_si512(reinterpret_cast<V*>(a + 192), x3);
+    } else {
+      _mm512_store_si512(a, x0);
+      _mm512_store_si512(a + 64, x1);
+      _mm512_store_si512(a + 128, x2);
+      _mm512_store_si512(a + 192, x3);
+    }
+  }
+  if constexpr (Stream) _mm_sfence();
+  for (; a < stop; a += 64, p += 64) _mm512_store_si512(a, load(p));
+  store(d, head);
+  store(d + n - 256, t0);
+  store(d + n - 192, t1);
+  store(d + n - 128, t2);
+  store(d + n - 64, t3);
+}
+
+inline void copy_small(const char* s, char* d, size_t n) {
+  if (n <= 64) {
+    const __mmask64 m = first_bytes(n);
+    _mm512_mask_storeu_epi8(d, m, _mm512_maskz_loadu_epi8(m, s));
+  } else if (n <= 128) {
+    const V a = load(s), b = load(s + n - 64);
+    store(d, a);
+    store(d + n - 64, b);
+  } else if (n <= 256) {
+    const V a = load(s), b = load(s + 64), c = load(s + n - 128), e = load(s + n - 64);
+    store(d, a);
+    store(d + 64, b);
+    store(d + n - 128, c);
+    store(d + n - 64, e);
+  } else {
+    copy_block<false>(s, d, n);
+  }
+}
+
+}  // namespace
+
+void copy_bytes(const void* src, void* dst, size_t n) {
+  auto s = static_cast<const char*>(src);
+  auto d = static_cast<char*>(dst);
+  if (n < kCopyBlockBytes) {
+    copy_small(s, d, n);
+  } else if (n > kCopyNtMinBytes && cache_below(n, true)) {
+    copy_block<true>(s, d, n);
+  } else {
+    copy_block<false>(s, d, n);
+  }
+}
+
+void move_bytes(const void* src, void* dst, size_t n) {
+  auto s = static_cast<const char*>(src);
+  auto d = static_cast<char*>(dst);
+  if (n <= kMoveShortBytes) {  // every byte is loaded before any is stored
+    if (n <= 64) {
+      const __mmask64 m = first_bytes(n);
+      _mm512_mask_storeu_epi8(d, m, _mm512_maskz_loadu_epi8(m, s));
+    } else {
+      const V a = load(s), b = load(s + n - 64);
+      store(d, a);
+      store(d + n - 64, b);
+    }
+    return;
+  }
+  const auto ds = reinterpret_cast<uintptr_t>(d), ss = reinterpret_cast<uintptr_t>(s);
+  if (ds < ss || ds - ss >= n) {
+    // Forward: stores stay below the source bytes still to be read. The last 64 bytes are read
+    // first because the loop's stores may overwrite them.
+    const V tail = load(s + n - 64);
+    size_t i = 0;
+    for (; i + 256 < n - 64; i += 256) {
+      const V x0 = load(s + i), x1 = load(s + i + 64), x2 = load(s + i + 128),
+              x3 = load(s + i + 192);
+      store(d + i, x0);
+      store(d + i + 64, x1);
+      store(d + i + 128, x2);
+      store(d + i + 192, x3);
+    }
+    for (; i < n - 64; i += 64) store(d + i, load(s + i));
+    store(d + n - 64, tail);
+  } else {
+    // Backward from the end: stores stay above the source bytes still to be read; the first 64
+    // bytes are read first.
+    const V head = load(s);
+    size_t i = n;
+    for (; i > 64 + 256; i -= 256) {
+      const V x0 = load(s + i - 64), x1 = load(s + i - 128), x2 = load(s + i - 192),
+              x3 = load(s + i - 256);
+      store(d + i - 64, x0);
+      store(d + i - 128, x1);
+      store(d + i - 192, x2);
+      store(d + i - 256, x3);
+    }
+    for (; i > 64; i -= 64) store(d + i - 64, load(s + i - 64));
+    store(d, head);
+  }
+}
+
+namespace {
+
+// Reverses the order of the ES-byte elements of a 64-byte vector.
+template <size_t ES>
+inline V reverse(V v) {
+  if constexpr (ES == 1) {
+    const V in_lane = _mm512_set_epi64(0x0001020304050607, 0x08090A0B0C0D0E0F, 0x0001020304050607,
+                                       0x08090A0B0C0D0E0F, 0x0001020304050607, 0x08090A0B0C0D0E0F,
+                                       0x0001020304050607, 0x08090A0B0C0D0E0F);
+    const V b = _mm512_shuffle_epi8(v, in_lane);
+    return _mm512_shuffle_i64x2(b, b, 0x1B);
+  } else if constexpr (ES == 2) {
+    const V idx = _mm512_set_epi64(0x0000000100020003, 0x0004000500060007, 0x00080009000A000B,
+                                   0x000C000D000E000F, 0x0010001100120013, 0x0014001500160017,
+                                   0x00180019001A001B, 0x001C001D001E001F);
+    return _mm512_permutexvar_epi16(idx, v);
+  } else if constexpr (ES == 4) {
+    return _mm512_permutexvar_epi32(
+        _mm512_set_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15), v);
+  } else if constexpr (ES == 8) {
+    return _mm512_permutexvar_epi64(_mm512_set_epi64(0, 1, 2, 3, 4, 5, 6, 7), v);
+  } else {
+    static_assert(ES == 16);
+    return _mm512_shuffle_i64x2(v, v, 0x1B);
+  }
+}
+
+template <size_t ES>
+struct Elem {
+  char b[ES];
+};
+
+template <size_t ES>
+void flip_n(const char* s, char* d, size_t n) {
+  using E = Elem<ES>;
+  constexpr size_t kV = 64 / ES;  // elements per vector
+  if (s == d) {
+    size_t i = 0, j = n;
+    for (; j - i >= 2 * kV; i += kV, j -= kV) {
+      const V a = load(d + i * ES), b = load(d + (j - kV) * ES);
+      store(d + i * ES, reverse<ES>(b));
+      store(d + (j - kV) * ES, reverse<ES>(a));
+    }
+    auto e = reinterpret_cast<E*>(d);
+    for (; j > i + 1; ++i, --j) {
+      const E t = e[i];
+      e[i] = e[j - 1];
+      e[j - 1] = t;
+    }
+    return;
+  }
+  size_t i = 0;
+  for (; i + kV <= n; i += kV) store(d + i * ES, reverse<ES>(load(s + (n - i - kV) * ES)));
+  auto se = reinterpret_cast<const E*>(s);
+  auto de = reinterpret_cast<E*>(d);
+  for (; i < n; ++i) de[i] = se[n - 1 - i];
+}
+
+}  // namespace
+
+void flip_elems(const void* src, void* dst, size_t n, size_t esize) {
+  auto s = static_cast<const char*>(src);
+  auto d = static_cast<char*>(dst);
+  switch (esize) {
+    case 1: return flip_n<1>(s, d, n);
+    case 2: return flip_n<2>(s, d, n);
+    case 4: return flip_n<4>(s, d, n);
+    case 8: return flip_n<8>(s, d, n);
+    default: return flip_n<16>(s, d, n);
+  }
+}
+
+}  // namespace veks::kern
