@@ -25,7 +25,7 @@ CpuId cpuid(unsigned leaf, unsigned sub = 0) {
 }
 
 Vek64u detect_features() {
-  const unsigned max_leaf = __get_cpuid_max(0, nullptr);
+  const unsigned max_leaf = static_cast<unsigned>(__get_cpuid_max(0, nullptr));
   if (max_leaf < 1) return 0;
   const CpuId l1 = cpuid(1);
   Vek64u f = 0;
@@ -60,7 +60,7 @@ Vek64u detect_features() {
 // 0 when the processor reports neither.
 long long detect_max_cache() {
   unsigned leaf = 0;
-  const unsigned max_ext = __get_cpuid_max(0x80000000u, nullptr);
+  const unsigned max_ext = static_cast<unsigned>(__get_cpuid_max(0x80000000u, nullptr));
   if (max_ext >= 0x8000001Du && (cpuid(0x80000001u).c & (1u << 22)))
     leaf = 0x8000001Du;
   else if (__get_cpuid_max(0, nullptr) >= 4)

@@ -9,7 +9,7 @@ namespace veks {
 // vekStatusNullPtr if any pointer is null, else vekStatusBadSize if len < 1, else vekStatusOk.
 template <class... P>
 constexpr VekStatus check_ptrs_len(int len, const P*... p) {
-  if (((p == nullptr) || ...)) return vekStatusNullPtr;
+  if (!(... && static_cast<bool>(p))) return vekStatusNullPtr;
   return len < 1 ? vekStatusBadSize : vekStatusOk;
 }
 
