@@ -90,15 +90,42 @@ void zero_bytes(void* dst, size_t n) {
 
 void fill_pattern(void* dst, size_t n, const void* elem, size_t esize) {
   auto d = static_cast<char*>(dst);
-  alignas(64) char twice[128];  // the pattern over 128 bytes; any 64 of them from offset r < 16
-  for (size_t i = 0; i < sizeof twice; i += esize) std::memcpy(twice + i, elem, esize);
-  const V v = _mm512_load_si512(twice);
+  V v;
+  switch (esize) {
+    case 1: v = _mm512_set1_epi8(*static_cast<const char*>(elem)); break;
+    case 2: {
+      short e;
+      std::memcpy(&e, elem, 2);
+      v = _mm512_set1_epi16(e);
+      break;
+    }
+    case 4: {
+      int e;
+      std::memcpy(&e, elem, 4);
+      v = _mm512_set1_epi32(e);
+      break;
+    }
+    case 8: {
+      long long e;
+      std::memcpy(&e, elem, 8);
+      v = _mm512_set1_epi64(e);
+      break;
+    }
+    default: v = _mm512_broadcast_i32x4(_mm_loadu_si128(static_cast<const __m128i*>(elem)));
+  }
   const bool elem_aligned = reinterpret_cast<uintptr_t>(d) % esize == 0;
   if (n > kFillLargeBytes && elem_aligned && cache_below(n, false)) {
     fill_stream(d, n, v);
     return;
   }
-  fill_vec(d, n, v, [&](size_t off) { return load(twice + off % esize); });
+  fill_vec(d, n, v, [&](size_t off) {
+    const size_t r = off % esize;  // non-zero only for destinations not aligned to the element
+    if (r == 0) return v;
+    alignas(64) char twice[128];
+    _mm512_store_si512(twice, v);
+    _mm512_store_si512(twice + 64, v);
+    return load(twice + r);
+  });
 }
 
 namespace {
