@@ -2,7 +2,11 @@
 // (tails, references) and on 512-bit vectors of the same element type.
 #pragma once
 
+#include <immintrin.h>
+
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 namespace veks::simd {
@@ -57,6 +61,62 @@ inline L vmax(L a, L b) {
 template <class L>
 inline L clamp(L r, L lo, L hi) {
   return vmin(vmax(r, lo), hi);
+}
+
+// N lanes of T in 16, 32 or 64 bytes: the shapes load narrow element types into as many lanes as
+// a 512-bit vector of the wide computing type holds.
+template <class T, size_t N>
+using VecN = typename VecOf<T, N * sizeof(T)>::type;
+
+template <class V>
+inline constexpr size_t lanes_of = sizeof(V) / sizeof(lane_t<V>);
+
+template <size_t N, class T>
+inline VecN<T, N> load(const T* p) {
+  VecN<T, N> v;
+  std::memcpy(&v, p, sizeof v);
+  return v;
+}
+
+template <class V>
+inline void store(lane_t<V>* p, V v) {
+  std::memcpy(p, &v, sizeof v);
+}
+
+// The first `count` elements from p, zeros after them; nothing past p + count is read.
+template <size_t N, class T>
+inline VecN<T, N> load_first(const T* p, size_t count) {
+  constexpr size_t kBytes = N * sizeof(T);
+  const uint64_t m = _bzhi_u64(~0ULL, static_cast<unsigned>(count * sizeof(T)));
+  if constexpr (kBytes == 64) {
+    return reinterpret_cast<VecN<T, N>>(_mm512_maskz_loadu_epi8(m, p));
+  } else if constexpr (kBytes == 32) {
+    return reinterpret_cast<VecN<T, N>>(_mm256_maskz_loadu_epi8(static_cast<__mmask32>(m), p));
+  } else {
+    static_assert(kBytes == 16, "shapes use 16-, 32- or 64-byte vectors");
+    return reinterpret_cast<VecN<T, N>>(_mm_maskz_loadu_epi8(static_cast<__mmask16>(m), p));
+  }
+}
+
+// Stores the first `count` lanes of v at p; nothing past p + count is written.
+template <class V>
+inline void store_first(lane_t<V>* p, size_t count, V v) {
+  constexpr size_t kBytes = sizeof(V);
+  const uint64_t m = _bzhi_u64(~0ULL, static_cast<unsigned>(count * sizeof(lane_t<V>)));
+  if constexpr (kBytes == 64) {
+    _mm512_mask_storeu_epi8(p, m, reinterpret_cast<__m512i>(v));
+  } else if constexpr (kBytes == 32) {
+    _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(m), reinterpret_cast<__m256i>(v));
+  } else {
+    static_assert(kBytes == 16, "shapes use 16-, 32- or 64-byte vectors");
+    _mm_mask_storeu_epi8(p, static_cast<__mmask16>(m), reinterpret_cast<__m128i>(v));
+  }
+}
+
+// Lane-wise conversion to another lane type (integer narrowing truncates: saturate first).
+template <class To, class V>
+inline VecN<To, lanes_of<V>> convert(V v) {
+  return __builtin_convertvector(v, VecN<To, lanes_of<V>>);
 }
 
 }  // namespace veks::simd

@@ -1,0 +1,30 @@
+// The element-wise loop every shape runs: sources are loaded into lanes of a wide computing type
+// W, as many as a 512-bit vector of W holds, the operation runs on those lanes, and the result is
+// narrowed to the destination type. Full vectors first, then one masked tail; nothing outside
+// [0, n) of any vector is read or written. A destination may coincide with a source.
+#pragma once
+
+#include <algorithm>
+
+#include "frame/simd.hpp"
+
+namespace veks {
+
+template <class W, class TD, class... TS>
+inline constexpr size_t map_lanes = 64 / std::max({sizeof(W), sizeof(TD), sizeof(TS)...});
+
+// d[i] = f(W(s[i])...) for i in [0, n); f maps VecN<W, N> lanes to lanes convertible to TD.
+template <class W, class TD, class F, class... TS>
+inline void map(size_t n, TD* d, F&& f, const TS*... s) {
+  constexpr size_t N = map_lanes<W, TD, TS...>;
+  size_t i = 0;
+  for (; i + N <= n; i += N)
+    simd::store(d + i, simd::convert<TD>(f(simd::convert<W>(simd::load<N>(s + i))...)));
+  if (i < n) {
+    const size_t r = n - i;
+    simd::store_first(d + i, r,
+                      simd::convert<TD>(f(simd::convert<W>(simd::load_first<N>(s + i, r))...)));
+  }
+}
+
+}  // namespace veks
