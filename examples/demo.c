@@ -54,7 +54,7 @@ int main(void) {
   printf("%-26s 0x11223344 -> 0x%08X\n", "byte order reversed:", w);
 
   /* Errors are returned, never raised; nothing is written on an error. */
-  printf("veksCopy_32f(NULL, b, 4) -> %s\n", vekGetStatusString(veksCopy_32f(NULL, b, N)));
+  printf("veksCopy_32f(NULL, b, 8) -> %s\n", vekGetStatusString(veksCopy_32f(NULL, b, N)));
   printf("veksZero_32f(b, 0)       -> %s\n", vekGetStatusString(veksZero_32f(b, 0)));
   printf("veksMalloc_32f(0)        -> %p\n", (void*)veksMalloc_32f(0));
 
