@@ -2,6 +2,8 @@
 // Family parameters and block identifiers follow in the operation's own code, through VEKS_TRY.
 #pragma once
 
+#include <cstddef>
+
 #include "veks.h"
 
 namespace veks {
