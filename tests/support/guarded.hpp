@@ -25,8 +25,8 @@ class Guarded {
       : n_(n), total_(64 + kGuard + misalign + n * sizeof(T) + kGuard) {
     raw_.reset(new unsigned char[total_]);
     const auto base = reinterpret_cast<uintptr_t>(raw_.get());
-    front_ = (64 - base % 64) % 64;  // bytes before the aligned start
-    data_ = raw_.get() + front_ + kGuard + misalign;
+    const size_t front = (64 - base % 64) % 64;  // bytes before the aligned start
+    data_ = raw_.get() + front + kGuard + misalign;
     std::memset(raw_.get(), kGuardByte, total_);
     std::memset(data_, fill, n * sizeof(T));
     snapshot_ = bytes();
@@ -53,7 +53,7 @@ class Guarded {
  private:
   std::vector<unsigned char> bytes() const { return {raw_.get(), raw_.get() + total_}; }
 
-  size_t n_, total_, front_ = 0;
+  size_t n_, total_;
   std::unique_ptr<unsigned char[]> raw_;
   unsigned char* data_ = nullptr;
   std::vector<unsigned char> snapshot_;
