@@ -9,7 +9,8 @@ A manifest row declares one export, or one per value of its type variables:
 `= impl` names the C++ callable the export binds to (called with the export's arguments in
 order); the text after `;` is the one-line doc comment of the prototype. Other lines:
 `include path` (a header the bound implementations need), `section Title` (a heading in the
-public header), `#` comments.
+public header), `note text` (a comment line in the public header, for behaviour that a
+family documents once for all its members), `#` comments.
 
 Outputs: the prototype block of include/veks.h (written with --write-header, verified with
 --check-header), and in --out: the two-instruction entries with their slots (veks_entries.S),
@@ -80,6 +81,9 @@ def read_manifest(path):
             if line.startswith("section "):
                 items.append(("section", line.split(None, 1)[1]))
                 continue
+            if line.startswith("note ") or line == "note":
+                items.append(("note", line[5:]))
+                continue
             for text in expand(line, where):
                 m = ROW.match(text)
                 if not m:
@@ -97,6 +101,8 @@ def header_block(manifests):
         for kind, item in items:
             if kind == "section":
                 out += ["", f"/* ==== {item} ==== */"]
+            elif kind == "note":
+                out += [f"/* {item} */" if item else "/* */"]
             else:
                 out += [f"/* {item.doc} */", f"VEKS_API {item.proto(item.name)};"]
     out += ["", END]
