@@ -87,6 +87,542 @@ typedef struct {
 /* clang-format off */
 /* ---- BEGIN GENERATED EXPORTS (tools/veksgen.py from the manifests in exports/) ---- */
 
+/* ==== Addition ==== */
+/* Integer members without Sfs compute exactly and saturate to the destination, as with a */
+/* scale factor of 0. Complex integers add as their interleaved components. */
+/* pDst[i] = pSrc1[i] + pSrc2[i], scaled. */
+VEKS_API VekStatus veksAdd_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] + pSrc2[i], scaled. */
+VEKS_API VekStatus veksAdd_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] + pSrc2[i], scaled. */
+VEKS_API VekStatus veksAdd_16u_Sfs(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] + pSrc2[i], scaled. */
+VEKS_API VekStatus veksAdd_16sc_Sfs(const Vek16sc* pSrc1, const Vek16sc* pSrc2, Vek16sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] + pSrc2[i], scaled. */
+VEKS_API VekStatus veksAdd_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] + pSrc2[i], scaled. */
+VEKS_API VekStatus veksAdd_32sc_Sfs(const Vek32sc* pSrc1, const Vek32sc* pSrc2, Vek32sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] + pSrc2[i], scaled. */
+VEKS_API VekStatus veksAdd_64s_Sfs(const Vek64s* pSrc1, const Vek64s* pSrc2, Vek64s* pDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc[i], scaled. */
+VEKS_API VekStatus veksAdd_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc[i], scaled. */
+VEKS_API VekStatus veksAdd_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc[i], scaled. */
+VEKS_API VekStatus veksAdd_16u_ISfs(const Vek16u* pSrc, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc[i], scaled. */
+VEKS_API VekStatus veksAdd_16sc_ISfs(const Vek16sc* pSrc, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc[i], scaled. */
+VEKS_API VekStatus veksAdd_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc[i], scaled. */
+VEKS_API VekStatus veksAdd_32sc_ISfs(const Vek32sc* pSrc, Vek32sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] + pSrc2[i]. */
+VEKS_API VekStatus veksAdd_16s(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i]. */
+VEKS_API VekStatus veksAdd_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i]. */
+VEKS_API VekStatus veksAdd_32u(const Vek32u* pSrc1, const Vek32u* pSrc2, Vek32u* pDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i]. */
+VEKS_API VekStatus veksAdd_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i]. */
+VEKS_API VekStatus veksAdd_32fc(const Vek32fc* pSrc1, const Vek32fc* pSrc2, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i]. */
+VEKS_API VekStatus veksAdd_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i]. */
+VEKS_API VekStatus veksAdd_64fc(const Vek64fc* pSrc1, const Vek64fc* pSrc2, Vek64fc* pDst, int len);
+/* pSrcDst[i] += pSrc[i]. */
+VEKS_API VekStatus veksAdd_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len);
+/* pSrcDst[i] += pSrc[i]. */
+VEKS_API VekStatus veksAdd_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] += pSrc[i]. */
+VEKS_API VekStatus veksAdd_32fc_I(const Vek32fc* pSrc, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] += pSrc[i]. */
+VEKS_API VekStatus veksAdd_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] += pSrc[i]. */
+VEKS_API VekStatus veksAdd_64fc_I(const Vek64fc* pSrc, Vek64fc* pSrcDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i] in the wider type. */
+VEKS_API VekStatus veksAdd_8u16u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek16u* pDst, int len);
+/* pDst[i] = pSrc1[i] + pSrc2[i] in the wider type. */
+VEKS_API VekStatus veksAdd_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32f* pDst, int len);
+/* pSrcDst[i] += pSrc[i], saturated. */
+VEKS_API VekStatus veksAdd_16s32s_I(const Vek16s* pSrc, Vek32s* pSrcDst, int len);
+
+/* ==== Subtraction ==== */
+/* Sub subtracts the first vector from the second: pDst[i] = pSrc2[i] - pSrc1[i]. */
+/* pDst[i] = pSrc2[i] - pSrc1[i], scaled. */
+VEKS_API VekStatus veksSub_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] - pSrc1[i], scaled. */
+VEKS_API VekStatus veksSub_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] - pSrc1[i], scaled. */
+VEKS_API VekStatus veksSub_16u_Sfs(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] - pSrc1[i], scaled. */
+VEKS_API VekStatus veksSub_16sc_Sfs(const Vek16sc* pSrc1, const Vek16sc* pSrc2, Vek16sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] - pSrc1[i], scaled. */
+VEKS_API VekStatus veksSub_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] - pSrc1[i], scaled. */
+VEKS_API VekStatus veksSub_32sc_Sfs(const Vek32sc* pSrc1, const Vek32sc* pSrc2, Vek32sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] -= pSrc[i], scaled. */
+VEKS_API VekStatus veksSub_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] -= pSrc[i], scaled. */
+VEKS_API VekStatus veksSub_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] -= pSrc[i], scaled. */
+VEKS_API VekStatus veksSub_16u_ISfs(const Vek16u* pSrc, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] -= pSrc[i], scaled. */
+VEKS_API VekStatus veksSub_16sc_ISfs(const Vek16sc* pSrc, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] -= pSrc[i], scaled. */
+VEKS_API VekStatus veksSub_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] -= pSrc[i], scaled. */
+VEKS_API VekStatus veksSub_32sc_ISfs(const Vek32sc* pSrc, Vek32sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] - pSrc1[i]. */
+VEKS_API VekStatus veksSub_16s(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len);
+/* pDst[i] = pSrc2[i] - pSrc1[i]. */
+VEKS_API VekStatus veksSub_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+/* pDst[i] = pSrc2[i] - pSrc1[i]. */
+VEKS_API VekStatus veksSub_32fc(const Vek32fc* pSrc1, const Vek32fc* pSrc2, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc2[i] - pSrc1[i]. */
+VEKS_API VekStatus veksSub_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+/* pDst[i] = pSrc2[i] - pSrc1[i]. */
+VEKS_API VekStatus veksSub_64fc(const Vek64fc* pSrc1, const Vek64fc* pSrc2, Vek64fc* pDst, int len);
+/* pSrcDst[i] -= pSrc[i]. */
+VEKS_API VekStatus veksSub_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len);
+/* pSrcDst[i] -= pSrc[i]. */
+VEKS_API VekStatus veksSub_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] -= pSrc[i]. */
+VEKS_API VekStatus veksSub_32fc_I(const Vek32fc* pSrc, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] -= pSrc[i]. */
+VEKS_API VekStatus veksSub_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] -= pSrc[i]. */
+VEKS_API VekStatus veksSub_64fc_I(const Vek64fc* pSrc, Vek64fc* pSrcDst, int len);
+/* pDst[i] = pSrc2[i] - pSrc1[i] in binary32. */
+VEKS_API VekStatus veksSub_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32f* pDst, int len);
+
+/* ==== Multiplication ==== */
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_16u_Sfs(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_16sc_Sfs(const Vek16sc* pSrc1, const Vek16sc* pSrc2, Vek16sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_32sc_Sfs(const Vek32sc* pSrc1, const Vek32sc* pSrc2, Vek32sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] *= pSrc[i], scaled. */
+VEKS_API VekStatus veksMul_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] *= pSrc[i], scaled. */
+VEKS_API VekStatus veksMul_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] *= pSrc[i], scaled. */
+VEKS_API VekStatus veksMul_16u_ISfs(const Vek16u* pSrc, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] *= pSrc[i], scaled. */
+VEKS_API VekStatus veksMul_16sc_ISfs(const Vek16sc* pSrc, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] *= pSrc[i], scaled. */
+VEKS_API VekStatus veksMul_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] *= pSrc[i], scaled. */
+VEKS_API VekStatus veksMul_32sc_ISfs(const Vek32sc* pSrc, Vek32sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksMul_16s(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len);
+/* pDst[i] = pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksMul_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+/* pDst[i] = pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksMul_32fc(const Vek32fc* pSrc1, const Vek32fc* pSrc2, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksMul_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+/* pDst[i] = pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksMul_64fc(const Vek64fc* pSrc1, const Vek64fc* pSrc2, Vek64fc* pDst, int len);
+/* pSrcDst[i] *= pSrc[i]. */
+VEKS_API VekStatus veksMul_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len);
+/* pSrcDst[i] *= pSrc[i]. */
+VEKS_API VekStatus veksMul_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] *= pSrc[i]. */
+VEKS_API VekStatus veksMul_32fc_I(const Vek32fc* pSrc, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] *= pSrc[i]. */
+VEKS_API VekStatus veksMul_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] *= pSrc[i]. */
+VEKS_API VekStatus veksMul_64fc_I(const Vek64fc* pSrc, Vek64fc* pSrcDst, int len);
+/* pDst[i] = pSrc1[i] * pSrc2[i] in the wider type. */
+VEKS_API VekStatus veksMul_8u16u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek16u* pDst, int len);
+/* pDst[i] = pSrc1[i] * pSrc2[i] in the wider type. */
+VEKS_API VekStatus veksMul_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32f* pDst, int len);
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_16u16s_Sfs(const Vek16u* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc1[i] * pSrc2[i]: a real vector scales a complex one. */
+VEKS_API VekStatus veksMul_32f32fc(const Vek32f* pSrc1, const Vek32fc* pSrc2, Vek32fc* pDst, int len);
+/* pSrcDst[i] *= pSrc[i] (real times complex). */
+VEKS_API VekStatus veksMul_32f32fc_I(const Vek32f* pSrc, Vek32fc* pSrcDst, int len);
+
+/* ==== Operations with a constant ==== */
+/* AddC and SubC by 0 and MulC by 1 at scale factor 0 copy, MulC by 0 zero-fills: the same */
+/* results, faster. SubC computes pSrc[i] - val, SubCRev val - pSrc[i]. */
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_16u_Sfs(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc val, Vek16sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_32s_Sfs(const Vek32s* pSrc, Vek32s val, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_32sc_Sfs(const Vek32sc* pSrc, Vek32sc val, Vek32sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_64s_Sfs(const Vek64s* pSrc, Vek64s val, Vek64s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_64u_Sfs(const Vek64u* pSrc, Vek64u val, Vek64u* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_16u_ISfs(Vek16u val, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_16sc_ISfs(Vek16sc val, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_32s_ISfs(Vek32s val, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] + val, scaled. */
+VEKS_API VekStatus veksAddC_32sc_ISfs(Vek32sc val, Vek32sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] + val, saturated. */
+VEKS_API VekStatus veksAddC_16s_I(Vek16s val, Vek16s* pSrcDst, int len);
+/* pDst[i] = pSrc[i] + val. */
+VEKS_API VekStatus veksAddC_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len);
+/* pDst[i] = pSrc[i] + val. */
+VEKS_API VekStatus veksAddC_32fc(const Vek32fc* pSrc, Vek32fc val, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc[i] + val. */
+VEKS_API VekStatus veksAddC_64f(const Vek64f* pSrc, Vek64f val, Vek64f* pDst, int len);
+/* pDst[i] = pSrc[i] + val. */
+VEKS_API VekStatus veksAddC_64fc(const Vek64fc* pSrc, Vek64fc val, Vek64fc* pDst, int len);
+/* pSrcDst[i] = pSrcDst[i] + val. */
+VEKS_API VekStatus veksAddC_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] + val. */
+VEKS_API VekStatus veksAddC_32fc_I(Vek32fc val, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] + val. */
+VEKS_API VekStatus veksAddC_64f_I(Vek64f val, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] + val. */
+VEKS_API VekStatus veksAddC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
+/* pDst[i] = pSrc[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_16u_Sfs(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc val, Vek16sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_32s_Sfs(const Vek32s* pSrc, Vek32s val, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_32sc_Sfs(const Vek32sc* pSrc, Vek32sc val, Vek32sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_16u_ISfs(Vek16u val, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_16sc_ISfs(Vek16sc val, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_32s_ISfs(Vek32s val, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] - val, scaled. */
+VEKS_API VekStatus veksSubC_32sc_ISfs(Vek32sc val, Vek32sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] - val, saturated. */
+VEKS_API VekStatus veksSubC_16s_I(Vek16s val, Vek16s* pSrcDst, int len);
+/* pDst[i] = pSrc[i] - val. */
+VEKS_API VekStatus veksSubC_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len);
+/* pDst[i] = pSrc[i] - val. */
+VEKS_API VekStatus veksSubC_32fc(const Vek32fc* pSrc, Vek32fc val, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc[i] - val. */
+VEKS_API VekStatus veksSubC_64f(const Vek64f* pSrc, Vek64f val, Vek64f* pDst, int len);
+/* pDst[i] = pSrc[i] - val. */
+VEKS_API VekStatus veksSubC_64fc(const Vek64fc* pSrc, Vek64fc val, Vek64fc* pDst, int len);
+/* pSrcDst[i] = pSrcDst[i] - val. */
+VEKS_API VekStatus veksSubC_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] - val. */
+VEKS_API VekStatus veksSubC_32fc_I(Vek32fc val, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] - val. */
+VEKS_API VekStatus veksSubC_64f_I(Vek64f val, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] - val. */
+VEKS_API VekStatus veksSubC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
+/* pDst[i] = val - pSrc[i], scaled. */
+VEKS_API VekStatus veksSubCRev_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = val - pSrc[i], scaled. */
+VEKS_API VekStatus veksSubCRev_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = val - pSrc[i], scaled. */
+VEKS_API VekStatus veksSubCRev_16u_Sfs(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = val - pSrc[i], scaled. */
+VEKS_API VekStatus veksSubCRev_16sc_Sfs(const Vek16sc* pSrc, Vek16sc val, Vek16sc* pDst, int len, int scaleFactor);
+/* pDst[i] = val - pSrc[i], scaled. */
+VEKS_API VekStatus veksSubCRev_32s_Sfs(const Vek32s* pSrc, Vek32s val, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = val - pSrc[i], scaled. */
+VEKS_API VekStatus veksSubCRev_32sc_Sfs(const Vek32sc* pSrc, Vek32sc val, Vek32sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = val - pSrcDst[i], scaled. */
+VEKS_API VekStatus veksSubCRev_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = val - pSrcDst[i], scaled. */
+VEKS_API VekStatus veksSubCRev_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = val - pSrcDst[i], scaled. */
+VEKS_API VekStatus veksSubCRev_16u_ISfs(Vek16u val, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = val - pSrcDst[i], scaled. */
+VEKS_API VekStatus veksSubCRev_16sc_ISfs(Vek16sc val, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = val - pSrcDst[i], scaled. */
+VEKS_API VekStatus veksSubCRev_32s_ISfs(Vek32s val, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = val - pSrcDst[i], scaled. */
+VEKS_API VekStatus veksSubCRev_32sc_ISfs(Vek32sc val, Vek32sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = val - pSrc[i]. */
+VEKS_API VekStatus veksSubCRev_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len);
+/* pDst[i] = val - pSrc[i]. */
+VEKS_API VekStatus veksSubCRev_32fc(const Vek32fc* pSrc, Vek32fc val, Vek32fc* pDst, int len);
+/* pDst[i] = val - pSrc[i]. */
+VEKS_API VekStatus veksSubCRev_64f(const Vek64f* pSrc, Vek64f val, Vek64f* pDst, int len);
+/* pDst[i] = val - pSrc[i]. */
+VEKS_API VekStatus veksSubCRev_64fc(const Vek64fc* pSrc, Vek64fc val, Vek64fc* pDst, int len);
+/* pSrcDst[i] = val - pSrcDst[i]. */
+VEKS_API VekStatus veksSubCRev_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = val - pSrcDst[i]. */
+VEKS_API VekStatus veksSubCRev_32fc_I(Vek32fc val, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = val - pSrcDst[i]. */
+VEKS_API VekStatus veksSubCRev_64f_I(Vek64f val, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = val - pSrcDst[i]. */
+VEKS_API VekStatus veksSubCRev_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
+/* pDst[i] = pSrc[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16u_Sfs(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc val, Vek16sc* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_32s_Sfs(const Vek32s* pSrc, Vek32s val, Vek32s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_32sc_Sfs(const Vek32sc* pSrc, Vek32sc val, Vek32sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16u_ISfs(Vek16u val, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16sc_ISfs(Vek16sc val, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_32s_ISfs(Vek32s val, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_32sc_ISfs(Vek32sc val, Vek32sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_64s_ISfs(Vek64s val, Vek64s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, saturated. */
+VEKS_API VekStatus veksMulC_16s_I(Vek16s val, Vek16s* pSrcDst, int len);
+/* pDst[i] = pSrc[i] * val. */
+VEKS_API VekStatus veksMulC_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len);
+/* pDst[i] = pSrc[i] * val. */
+VEKS_API VekStatus veksMulC_32fc(const Vek32fc* pSrc, Vek32fc val, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc[i] * val. */
+VEKS_API VekStatus veksMulC_64f(const Vek64f* pSrc, Vek64f val, Vek64f* pDst, int len);
+/* pDst[i] = pSrc[i] * val. */
+VEKS_API VekStatus veksMulC_64fc(const Vek64fc* pSrc, Vek64fc val, Vek64fc* pDst, int len);
+/* pSrcDst[i] = pSrcDst[i] * val. */
+VEKS_API VekStatus veksMulC_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] * val. */
+VEKS_API VekStatus veksMulC_32fc_I(Vek32fc val, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] * val. */
+VEKS_API VekStatus veksMulC_64f_I(Vek64f val, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] * val. */
+VEKS_API VekStatus veksMulC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
+/* veksMulC_64f64s_ISfs stores the exactly rounded pSrcDst[i] * val * 2^-scaleFactor (ties to */
+/* even, saturated; a NaN product gives the minimum). veksMulC_32f16s_Sfs rounds the binary32 */
+/* product times 2^-scaleFactor to nearest even and saturates (NaN gives -32768); */
+/* veksMulC_Low_32f16s gives exactly its results at scale factor 0. */
+/* pSrcDst[i] = round(pSrcDst[i] * val * 2^-scaleFactor), saturated. */
+VEKS_API VekStatus veksMulC_64f64s_ISfs(Vek64f val, Vek64s* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = round(pSrc[i] * val * 2^-scaleFactor), saturated. */
+VEKS_API VekStatus veksMulC_32f16s_Sfs(const Vek32f* pSrc, Vek32f val, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = round(pSrc[i] * val), saturated. */
+VEKS_API VekStatus veksMulC_Low_32f16s(const Vek32f* pSrc, Vek32f val, Vek16s* pDst, int len);
+
+/* ==== Multiply-accumulate, square, absolute value ==== */
+/* pSrcDst[i] += pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksAddProduct_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksAddProduct_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] += pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksAddProduct_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32s* pSrcDst, int len, int scaleFactor);
+/* Float AddProduct rounds the product, then the sum. */
+/* pSrcDst[i] += pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksAddProduct_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] += pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksAddProduct_32fc(const Vek32fc* pSrc1, const Vek32fc* pSrc2, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] += pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksAddProduct_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] += pSrc1[i] * pSrc2[i]. */
+VEKS_API VekStatus veksAddProduct_64fc(const Vek64fc* pSrc1, const Vek64fc* pSrc2, Vek64fc* pSrcDst, int len);
+/* pSrcDst[i] += pSrc[i] * val. */
+VEKS_API VekStatus veksAddProductC_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pSrcDst, int len);
+/* pDst[i] = pSrc[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_8u_Sfs(const Vek8u* pSrc, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16u_Sfs(const Vek16u* pSrc, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_8u_ISfs(Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16s_ISfs(Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16u_ISfs(Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16sc_ISfs(Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i]^2. */
+VEKS_API VekStatus veksSqr_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+/* pDst[i] = pSrc[i]^2. */
+VEKS_API VekStatus veksSqr_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc[i]^2. */
+VEKS_API VekStatus veksSqr_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+/* pDst[i] = pSrc[i]^2. */
+VEKS_API VekStatus veksSqr_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+/* pSrcDst[i] = pSrcDst[i]^2. */
+VEKS_API VekStatus veksSqr_32f_I(Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i]^2. */
+VEKS_API VekStatus veksSqr_32fc_I(Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i]^2. */
+VEKS_API VekStatus veksSqr_64f_I(Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i]^2. */
+VEKS_API VekStatus veksSqr_64fc_I(Vek64fc* pSrcDst, int len);
+/* Integer Abs saturates: |-32768| is 32767 and |-2^31| is 2^31 - 1. Float Abs clears the sign bit. */
+/* pDst[i] = |pSrc[i]|. */
+VEKS_API VekStatus veksAbs_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
+/* pDst[i] = |pSrc[i]|. */
+VEKS_API VekStatus veksAbs_32s(const Vek32s* pSrc, Vek32s* pDst, int len);
+/* pDst[i] = |pSrc[i]|. */
+VEKS_API VekStatus veksAbs_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+/* pDst[i] = |pSrc[i]|. */
+VEKS_API VekStatus veksAbs_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+/* pSrcDst[i] = |pSrcDst[i]|. */
+VEKS_API VekStatus veksAbs_16s_I(Vek16s* pSrcDst, int len);
+/* pSrcDst[i] = |pSrcDst[i]|. */
+VEKS_API VekStatus veksAbs_32s_I(Vek32s* pSrcDst, int len);
+/* pSrcDst[i] = |pSrcDst[i]|. */
+VEKS_API VekStatus veksAbs_32f_I(Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = |pSrcDst[i]|. */
+VEKS_API VekStatus veksAbs_64f_I(Vek64f* pSrcDst, int len);
+
+/* ==== Division ==== */
+/* Integer quotients are exact: round(pSrc2[i] / pSrc1[i] * 2^-scaleFactor) with ties to even, */
+/* saturated. A zero divisor element stores the destination's maximum when the dividend is */
+/* zero or positive, its minimum when it is negative (each component for complex data, whose */
+/* divisor is zero when both components are), and the call returns vekStatusWarnZeroDivisor */
+/* after writing everything. Floating-point zero divisors give the IEEE result and the same */
+/* warning. Large calls run on two threads; in-place forms share the threshold of their */
+/* out-of-place form, veksDiv_16sc_Sfs splits from 1024 elements. */
+/* veksDiv_32s16s_Sfs divides 32-bit dividends (pSrc2) by 16-bit divisors (pSrc1). */
+/* pDst[i] = pSrc2[i] / pSrc1[i], scaled. */
+VEKS_API VekStatus veksDiv_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] / pSrc1[i], scaled. */
+VEKS_API VekStatus veksDiv_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] / pSrc1[i], scaled. */
+VEKS_API VekStatus veksDiv_16u_Sfs(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] / pSrc1[i], scaled. */
+VEKS_API VekStatus veksDiv_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i], scaled. */
+VEKS_API VekStatus veksDiv_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i], scaled. */
+VEKS_API VekStatus veksDiv_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i], scaled. */
+VEKS_API VekStatus veksDiv_16u_ISfs(const Vek16u* pSrc, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i], scaled. */
+VEKS_API VekStatus veksDiv_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] / pSrc1[i], scaled. */
+VEKS_API VekStatus veksDiv_16sc_Sfs(const Vek16sc* pSrc1, const Vek16sc* pSrc2, Vek16sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i], scaled. */
+VEKS_API VekStatus veksDiv_16sc_ISfs(const Vek16sc* pSrc, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] / pSrc1[i], scaled. */
+VEKS_API VekStatus veksDiv_32s16s_Sfs(const Vek16s* pSrc1, const Vek32s* pSrc2, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc2[i] / pSrc1[i]. */
+VEKS_API VekStatus veksDiv_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+/* pDst[i] = pSrc2[i] / pSrc1[i]. */
+VEKS_API VekStatus veksDiv_32fc(const Vek32fc* pSrc1, const Vek32fc* pSrc2, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc2[i] / pSrc1[i]. */
+VEKS_API VekStatus veksDiv_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+/* pDst[i] = pSrc2[i] / pSrc1[i]. */
+VEKS_API VekStatus veksDiv_64fc(const Vek64fc* pSrc1, const Vek64fc* pSrc2, Vek64fc* pDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i]. */
+VEKS_API VekStatus veksDiv_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i]. */
+VEKS_API VekStatus veksDiv_32fc_I(const Vek32fc* pSrc, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i]. */
+VEKS_API VekStatus veksDiv_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / pSrc[i]. */
+VEKS_API VekStatus veksDiv_64fc_I(const Vek64fc* pSrc, Vek64fc* pSrcDst, int len);
+
+/* ==== Division with a rounding mode ==== */
+/* rndMode 0 truncates, 1 rounds to nearest with ties to even, 2 to nearest with ties away */
+/* from zero; any other value gives vekStatusBadRoundMode. Every scale factor is accepted. */
+/* pDst[i] = round(pSrc2[i] / pSrc1[i] * 2^-scaleFactor) by rndMode, saturated. */
+VEKS_API VekStatus veksDiv_Round_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len, int rndMode, int scaleFactor);
+/* pDst[i] = round(pSrc2[i] / pSrc1[i] * 2^-scaleFactor) by rndMode, saturated. */
+VEKS_API VekStatus veksDiv_Round_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len, int rndMode, int scaleFactor);
+/* pDst[i] = round(pSrc2[i] / pSrc1[i] * 2^-scaleFactor) by rndMode, saturated. */
+VEKS_API VekStatus veksDiv_Round_16u_Sfs(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len, int rndMode, int scaleFactor);
+/* pSrcDst[i] = round(pSrcDst[i] / pSrc[i] * 2^-scaleFactor) by rndMode, saturated. */
+VEKS_API VekStatus veksDiv_Round_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int rndMode, int scaleFactor);
+/* pSrcDst[i] = round(pSrcDst[i] / pSrc[i] * 2^-scaleFactor) by rndMode, saturated. */
+VEKS_API VekStatus veksDiv_Round_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int rndMode, int scaleFactor);
+/* pSrcDst[i] = round(pSrcDst[i] / pSrc[i] * 2^-scaleFactor) by rndMode, saturated. */
+VEKS_API VekStatus veksDiv_Round_16u_ISfs(const Vek16u* pSrc, Vek16u* pSrcDst, int len, int rndMode, int scaleFactor);
+
+/* ==== Division by a constant ==== */
+/* A zero constant gives vekStatusZeroDivisor and writes nothing, except veksDivC_64s_ISfs, */
+/* which stores the zero-divisor substitutes and returns vekStatusWarnZeroDivisor. Real */
+/* floating-point data is multiplied by the reciprocal 1/val, which may differ from the true */
+/* quotient in the last bit. */
+/* pDst[i] = pSrc[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_16u_Sfs(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_16u_ISfs(Vek16u val, Vek16u* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc val, Vek16sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_16sc_ISfs(Vek16sc val, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] / val, scaled. */
+VEKS_API VekStatus veksDivC_64s_ISfs(Vek64s val, Vek64s* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] / val. */
+VEKS_API VekStatus veksDivC_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len);
+/* pDst[i] = pSrc[i] / val. */
+VEKS_API VekStatus veksDivC_32fc(const Vek32fc* pSrc, Vek32fc val, Vek32fc* pDst, int len);
+/* pDst[i] = pSrc[i] / val. */
+VEKS_API VekStatus veksDivC_64f(const Vek64f* pSrc, Vek64f val, Vek64f* pDst, int len);
+/* pDst[i] = pSrc[i] / val. */
+VEKS_API VekStatus veksDivC_64fc(const Vek64fc* pSrc, Vek64fc val, Vek64fc* pDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / val. */
+VEKS_API VekStatus veksDivC_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / val. */
+VEKS_API VekStatus veksDivC_32fc_I(Vek32fc val, Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / val. */
+VEKS_API VekStatus veksDivC_64f_I(Vek64f val, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = pSrcDst[i] / val. */
+VEKS_API VekStatus veksDivC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
+
+/* ==== Division of a constant by a vector ==== */
+/* veksDivCRev_16u rounds to nearest even; a zero element stores 65535 with the warning. */
+/* pDst[i] = val / pSrc[i]. */
+VEKS_API VekStatus veksDivCRev_16u(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len);
+/* pSrcDst[i] = val / pSrcDst[i]. */
+VEKS_API VekStatus veksDivCRev_16u_I(Vek16u val, Vek16u* pSrcDst, int len);
+/* pDst[i] = val / pSrc[i]. */
+VEKS_API VekStatus veksDivCRev_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst, int len);
+/* pSrcDst[i] = val / pSrcDst[i]. */
+VEKS_API VekStatus veksDivCRev_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
+
 /* ==== Allocation and version ==== */
 /* Allocates len elements aligned to 64 bytes; null if len < 1, above 2^31 - 1 bytes or out of memory. */
 VEKS_API Vek8u* veksMalloc_8u(int len);

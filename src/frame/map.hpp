@@ -13,18 +13,27 @@ namespace veks {
 template <class W, class TD, class... TS>
 inline constexpr size_t map_lanes = 64 / std::max({sizeof(W), sizeof(TD), sizeof(TS)...});
 
-// d[i] = f(W(s[i])...) for i in [0, n); f maps VecN<W, N> lanes to lanes convertible to TD.
+// d[i] = f(k, W(s[i])...) for i in [0, n); f maps VecN<W, N> lanes to lanes convertible to TD.
+// k is the number of lanes that hold elements: N for full vectors, fewer for the tail, whose
+// other lanes hold zeros and are not stored.
 template <class W, class TD, class F, class... TS>
-inline void map(size_t n, TD* d, F&& f, const TS*... s) {
+inline void map_n(size_t n, TD* d, F&& f, const TS*... s) {
   constexpr size_t N = map_lanes<W, TD, TS...>;
   size_t i = 0;
   for (; i + N <= n; i += N)
-    simd::store(d + i, simd::convert<TD>(f(simd::convert<W>(simd::load<N>(s + i))...)));
+    simd::store(d + i, simd::convert<TD>(f(N, simd::convert<W>(simd::load<N>(s + i))...)));
   if (i < n) {
     const size_t r = n - i;
     simd::store_first(d + i, r,
-                      simd::convert<TD>(f(simd::convert<W>(simd::load_first<N>(s + i, r))...)));
+                      simd::convert<TD>(f(r, simd::convert<W>(simd::load_first<N>(s + i, r))...)));
   }
+}
+
+// d[i] = f(W(s[i])...) for i in [0, n).
+template <class W, class TD, class F, class... TS>
+inline void map(size_t n, TD* d, F&& f, const TS*... s) {
+  map_n<W>(
+      n, d, [&](size_t, auto... x) { return f(x...); }, s...);
 }
 
 }  // namespace veks

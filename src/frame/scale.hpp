@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "frame/simd.hpp"
+#include "frame/types.hpp"
 
 namespace veks {
 
@@ -17,10 +18,10 @@ inline constexpr int bits_of = static_cast<int>(8 * sizeof(D));
 template <class D, class L>
 inline L saturate(L r) {
   using S = simd::lane_t<L>;
-  using Lim = std::numeric_limits<D>;
-  if constexpr (std::numeric_limits<S>::min() < Lim::min())
+  using Lim = Limits<D>;
+  if constexpr (Limits<S>::min() < Lim::min())
     r = simd::vmax(r, simd::splat<L>(static_cast<S>(Lim::min())));
-  if constexpr (std::numeric_limits<S>::max() > Lim::max())
+  if constexpr (Limits<S>::max() > Lim::max())
     r = simd::vmin(r, simd::splat<L>(static_cast<S>(Lim::max())));
   return r;
 }
@@ -64,7 +65,7 @@ struct ScaleUp {
   template <class L>
   L operator()(L r) const {
     using S = simd::lane_t<L>;
-    using Lim = std::numeric_limits<D>;
+    using Lim = Limits<D>;
     const L lo_in = simd::splat<L>(static_cast<S>(Lim::min() >> k));
     const L hi_in = simd::splat<L>(static_cast<S>(Lim::max() >> k));
     const L shifted = simd::clamp(r, lo_in, hi_in) << k;
@@ -79,7 +80,7 @@ struct ScaleSign {
   template <class L>
   L operator()(L r) const {
     using S = simd::lane_t<L>;
-    using Lim = std::numeric_limits<D>;
+    using Lim = Limits<D>;
     const L zero = simd::splat<L>(0);
     const L pos = simd::select<L>(r > zero, simd::splat<L>(static_cast<S>(Lim::max())), zero);
     return simd::select<L>(r < zero, simd::splat<L>(static_cast<S>(Lim::min())), pos);

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 namespace veks::simd {
 
@@ -92,9 +93,14 @@ inline VecN<T, N> load_first(const T* p, size_t count) {
     return reinterpret_cast<VecN<T, N>>(_mm512_maskz_loadu_epi8(m, p));
   } else if constexpr (kBytes == 32) {
     return reinterpret_cast<VecN<T, N>>(_mm256_maskz_loadu_epi8(static_cast<__mmask32>(m), p));
-  } else {
-    static_assert(kBytes == 16, "shapes use 16-, 32- or 64-byte vectors");
+  } else if constexpr (kBytes == 16) {
     return reinterpret_cast<VecN<T, N>>(_mm_maskz_loadu_epi8(static_cast<__mmask16>(m), p));
+  } else {
+    static_assert(kBytes == 8, "shapes use 8-, 16-, 32- or 64-byte vectors");
+    const __m128i x = _mm_maskz_loadu_epi8(static_cast<__mmask16>(m), p);
+    VecN<T, N> v;
+    std::memcpy(&v, &x, sizeof v);
+    return v;
   }
 }
 
@@ -107,10 +113,116 @@ inline void store_first(lane_t<V>* p, size_t count, V v) {
     _mm512_mask_storeu_epi8(p, m, reinterpret_cast<__m512i>(v));
   } else if constexpr (kBytes == 32) {
     _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(m), reinterpret_cast<__m256i>(v));
-  } else {
-    static_assert(kBytes == 16, "shapes use 16-, 32- or 64-byte vectors");
+  } else if constexpr (kBytes == 16) {
     _mm_mask_storeu_epi8(p, static_cast<__mmask16>(m), reinterpret_cast<__m128i>(v));
+  } else {
+    static_assert(kBytes == 8, "shapes use 8-, 16-, 32- or 64-byte vectors");
+    __m128i x = _mm_setzero_si128();
+    std::memcpy(&x, &v, sizeof v);
+    _mm_mask_storeu_epi8(p, static_cast<__mmask16>(m), x);
   }
+}
+
+// Interleaved complex lanes: real parts in even lanes, imaginary parts in odd lanes.
+namespace detail {
+template <class V, size_t... I>
+inline V pairs(lane_t<V> re, lane_t<V> im, std::index_sequence<I...>) {
+  return V{(I % 2 ? im : re)...};
+}
+template <class V, size_t... I>
+inline V swap_pairs(V v, std::index_sequence<I...>) {
+  return __builtin_shufflevector(v, v, (I ^ 1)...);
+}
+template <class V, size_t... I>
+inline V dup_even(V v, std::index_sequence<I...>) {
+  return __builtin_shufflevector(v, v, (I & ~size_t{1})...);
+}
+template <class V, size_t... I>
+inline V dup_odd(V v, std::index_sequence<I...>) {
+  return __builtin_shufflevector(v, v, (I | 1)...);
+}
+}  // namespace detail
+
+// (re, im, re, im, ...)
+template <class V>
+inline V pairs(lane_t<V> re, lane_t<V> im) {
+  return detail::pairs<V>(re, im, std::make_index_sequence<lanes_of<V>>{});
+}
+// (im, re) of every pair.
+template <class V>
+inline V swap_pairs(V v) {
+  return detail::swap_pairs(v, std::make_index_sequence<lanes_of<V>>{});
+}
+// (re, re) and (im, im) of every pair.
+template <class V>
+inline V dup_re(V v) {
+  return detail::dup_even(v, std::make_index_sequence<lanes_of<V>>{});
+}
+template <class V>
+inline V dup_im(V v) {
+  return detail::dup_odd(v, std::make_index_sequence<lanes_of<V>>{});
+}
+
+// a * b + c in even lanes and a * b - c in odd lanes; floating point with one rounding.
+template <class V>
+inline V mul_addsub(V a, V b, V c) {
+  using T = lane_t<V>;
+  if constexpr (std::is_same_v<T, float> && sizeof(V) == 64) {
+    return reinterpret_cast<V>(_mm512_fmsubadd_ps(
+        reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b), reinterpret_cast<__m512>(c)));
+  } else if constexpr (std::is_same_v<T, double> && sizeof(V) == 64) {
+    return reinterpret_cast<V>(_mm512_fmsubadd_pd(
+        reinterpret_cast<__m512d>(a), reinterpret_cast<__m512d>(b), reinterpret_cast<__m512d>(c)));
+  } else {
+    return a * b + c * pairs<V>(T(1), T(-1));
+  }
+}
+
+// (0, 1, 2, ...)
+template <class V>
+inline V iota() {
+  return []<size_t... I>(std::index_sequence<I...>) { return V{static_cast<lane_t<V>>(I)...}; }
+  (std::make_index_sequence<lanes_of<V>>{});
+}
+
+// a * b - c in even lanes and a * b + c in odd lanes; floating point with one rounding.
+template <class V>
+inline V mul_subadd(V a, V b, V c) {
+  using T = lane_t<V>;
+  if constexpr (std::is_same_v<T, float> && sizeof(V) == 64) {
+    return reinterpret_cast<V>(_mm512_fmaddsub_ps(
+        reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b), reinterpret_cast<__m512>(c)));
+  } else if constexpr (std::is_same_v<T, double> && sizeof(V) == 64) {
+    return reinterpret_cast<V>(_mm512_fmaddsub_pd(
+        reinterpret_cast<__m512d>(a), reinterpret_cast<__m512d>(b), reinterpret_cast<__m512d>(c)));
+  } else {
+    return a * b + c * pairs<V>(T(-1), T(1));
+  }
+}
+
+// Floating-point lanes rounded to integral values in the given rounding direction, whatever the
+// caller's rounding mode; no exception is raised.
+template <int Mode, class V>
+inline V round_lanes(V v) {
+  constexpr int kMode = Mode | _MM_FROUND_NO_EXC;
+  if constexpr (std::is_same_v<lane_t<V>, float> && sizeof(V) == 64) {
+    return reinterpret_cast<V>(_mm512_roundscale_ps(reinterpret_cast<__m512>(v), kMode));
+  } else if constexpr (std::is_same_v<lane_t<V>, double> && sizeof(V) == 64) {
+    return reinterpret_cast<V>(_mm512_roundscale_pd(reinterpret_cast<__m512d>(v), kMode));
+  } else if constexpr (std::is_same_v<lane_t<V>, double> && sizeof(V) == 32) {
+    return reinterpret_cast<V>(_mm256_roundscale_pd(reinterpret_cast<__m256d>(v), kMode));
+  } else {
+    static_assert(std::is_same_v<lane_t<V>, float> && sizeof(V) == 32);
+    return reinterpret_cast<V>(_mm256_roundscale_ps(reinterpret_cast<__m256>(v), kMode));
+  }
+}
+template <class V>
+inline V round_even(V v) {
+  return round_lanes<_MM_FROUND_TO_NEAREST_INT>(v);
+}
+template <class V>
+inline V round_trunc(V v) {
+  return round_lanes<_MM_FROUND_TO_ZERO>(v);
 }
 
 // Lane-wise conversion to another lane type (integer narrowing truncates: saturate first).
