@@ -204,8 +204,6 @@ VEKS_API VekStatus veksMul_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek
 /* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
 VEKS_API VekStatus veksMul_16u_Sfs(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len, int scaleFactor);
 /* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
-VEKS_API VekStatus veksMul_16sc_Sfs(const Vek16sc* pSrc1, const Vek16sc* pSrc2, Vek16sc* pDst, int len, int scaleFactor);
-/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
 VEKS_API VekStatus veksMul_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, Vek32s* pDst, int len, int scaleFactor);
 /* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
 VEKS_API VekStatus veksMul_32sc_Sfs(const Vek32sc* pSrc1, const Vek32sc* pSrc2, Vek32sc* pDst, int len, int scaleFactor);
@@ -215,8 +213,6 @@ VEKS_API VekStatus veksMul_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, i
 VEKS_API VekStatus veksMul_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] *= pSrc[i], scaled. */
 VEKS_API VekStatus veksMul_16u_ISfs(const Vek16u* pSrc, Vek16u* pSrcDst, int len, int scaleFactor);
-/* pSrcDst[i] *= pSrc[i], scaled. */
-VEKS_API VekStatus veksMul_16sc_ISfs(const Vek16sc* pSrc, Vek16sc* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] *= pSrc[i], scaled. */
 VEKS_API VekStatus veksMul_32s_ISfs(const Vek32s* pSrc, Vek32s* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] *= pSrc[i], scaled. */
@@ -392,8 +388,6 @@ VEKS_API VekStatus veksMulC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst
 /* pDst[i] = pSrc[i] * val, scaled. */
 VEKS_API VekStatus veksMulC_16u_Sfs(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len, int scaleFactor);
 /* pDst[i] = pSrc[i] * val, scaled. */
-VEKS_API VekStatus veksMulC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc val, Vek16sc* pDst, int len, int scaleFactor);
-/* pDst[i] = pSrc[i] * val, scaled. */
 VEKS_API VekStatus veksMulC_32s_Sfs(const Vek32s* pSrc, Vek32s val, Vek32s* pDst, int len, int scaleFactor);
 /* pDst[i] = pSrc[i] * val, scaled. */
 VEKS_API VekStatus veksMulC_32sc_Sfs(const Vek32sc* pSrc, Vek32sc val, Vek32sc* pDst, int len, int scaleFactor);
@@ -403,8 +397,6 @@ VEKS_API VekStatus veksMulC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scal
 VEKS_API VekStatus veksMulC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] = pSrcDst[i] * val, scaled. */
 VEKS_API VekStatus veksMulC_16u_ISfs(Vek16u val, Vek16u* pSrcDst, int len, int scaleFactor);
-/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
-VEKS_API VekStatus veksMulC_16sc_ISfs(Vek16sc val, Vek16sc* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] = pSrcDst[i] * val, scaled. */
 VEKS_API VekStatus veksMulC_32s_ISfs(Vek32s val, Vek32s* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] = pSrcDst[i] * val, scaled. */
@@ -464,16 +456,12 @@ VEKS_API VekStatus veksSqr_8u_Sfs(const Vek8u* pSrc, Vek8u* pDst, int len, int s
 VEKS_API VekStatus veksSqr_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len, int scaleFactor);
 /* pDst[i] = pSrc[i]^2, scaled. */
 VEKS_API VekStatus veksSqr_16u_Sfs(const Vek16u* pSrc, Vek16u* pDst, int len, int scaleFactor);
-/* pDst[i] = pSrc[i]^2, scaled. */
-VEKS_API VekStatus veksSqr_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len, int scaleFactor);
 /* pSrcDst[i] = pSrcDst[i]^2, scaled. */
 VEKS_API VekStatus veksSqr_8u_ISfs(Vek8u* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] = pSrcDst[i]^2, scaled. */
 VEKS_API VekStatus veksSqr_16s_ISfs(Vek16s* pSrcDst, int len, int scaleFactor);
 /* pSrcDst[i] = pSrcDst[i]^2, scaled. */
 VEKS_API VekStatus veksSqr_16u_ISfs(Vek16u* pSrcDst, int len, int scaleFactor);
-/* pSrcDst[i] = pSrcDst[i]^2, scaled. */
-VEKS_API VekStatus veksSqr_16sc_ISfs(Vek16sc* pSrcDst, int len, int scaleFactor);
 /* pDst[i] = pSrc[i]^2. */
 VEKS_API VekStatus veksSqr_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
 /* pDst[i] = pSrc[i]^2. */
@@ -507,6 +495,20 @@ VEKS_API VekStatus veksAbs_32s_I(Vek32s* pSrcDst, int len);
 VEKS_API VekStatus veksAbs_32f_I(Vek32f* pSrcDst, int len);
 /* pSrcDst[i] = |pSrcDst[i]|. */
 VEKS_API VekStatus veksAbs_64f_I(Vek64f* pSrcDst, int len);
+
+/* ==== Complex 16-bit products ==== */
+/* pDst[i] = pSrc1[i] * pSrc2[i], scaled. */
+VEKS_API VekStatus veksMul_16sc_Sfs(const Vek16sc* pSrc1, const Vek16sc* pSrc2, Vek16sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] *= pSrc[i], scaled. */
+VEKS_API VekStatus veksMul_16sc_ISfs(const Vek16sc* pSrc, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc val, Vek16sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i] * val, scaled. */
+VEKS_API VekStatus veksMulC_16sc_ISfs(Vek16sc val, Vek16sc* pSrcDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = pSrcDst[i]^2, scaled. */
+VEKS_API VekStatus veksSqr_16sc_ISfs(Vek16sc* pSrcDst, int len, int scaleFactor);
 
 /* ==== Division ==== */
 /* Integer quotients are exact: round(pSrc2[i] / pSrc1[i] * 2^-scaleFactor) with ties to even, */

@@ -10,10 +10,28 @@
 
 namespace veks {
 
+// The 16-bit forms also give their exact results for 32 lanes at once (src/frame/wide16.hpp).
 struct Add {  // x + y
   template <class L>
   static L apply(L x, L y) {
     return x + y;
+  }
+  static void exact16(__m512i x, __m512i y, __m512i& lo, __m512i& hi) {
+    __m512i xl, xh, yl, yh;
+    wide16::widen(x, xl, xh);
+    wide16::widen(y, yl, yh);
+    lo = _mm512_add_epi32(xl, yl);
+    hi = _mm512_add_epi32(xh, yh);
+  }
+  static __m512i sat16(__m512i x, __m512i y) { return _mm512_adds_epi16(x, y); }
+  // (x + y) / 2 with ties to even: the rounded-up average, less one where it is an odd tie.
+  static __m512i half16(__m512i x, __m512i y) {
+    const __m512i bias = _mm512_set1_epi16(-32768);
+    const __m512i up = _mm512_xor_si512(
+        _mm512_avg_epu16(_mm512_xor_si512(x, bias), _mm512_xor_si512(y, bias)), bias);
+    const __m512i odd_tie =
+        _mm512_and_si512(_mm512_and_si512(_mm512_xor_si512(x, y), up), _mm512_set1_epi16(1));
+    return _mm512_sub_epi16(up, odd_tie);
   }
 };
 struct Sub {  // x - y: SubC
@@ -21,17 +39,34 @@ struct Sub {  // x - y: SubC
   static L apply(L x, L y) {
     return x - y;
   }
+  static void exact16(__m512i x, __m512i y, __m512i& lo, __m512i& hi) {
+    __m512i xl, xh, yl, yh;
+    wide16::widen(x, xl, xh);
+    wide16::widen(y, yl, yh);
+    lo = _mm512_sub_epi32(xl, yl);
+    hi = _mm512_sub_epi32(xh, yh);
+  }
+  static __m512i sat16(__m512i x, __m512i y) { return _mm512_subs_epi16(x, y); }
 };
 struct SubRev {  // y - x: Sub (second vector minus the first) and SubCRev (constant minus x)
   template <class L>
   static L apply(L x, L y) {
     return y - x;
   }
+  static void exact16(__m512i x, __m512i y, __m512i& lo, __m512i& hi) {
+    Sub::exact16(y, x, lo, hi);
+  }
+  static __m512i sat16(__m512i x, __m512i y) { return _mm512_subs_epi16(y, x); }
 };
 struct Mul {  // x * y
   template <class L>
   static L apply(L x, L y) {
     return x * y;
+  }
+  static void exact16(__m512i x, __m512i y, __m512i& lo, __m512i& hi) {
+    const __m512i l = _mm512_mullo_epi16(x, y), h = _mm512_mulhi_epi16(x, y);
+    lo = _mm512_unpacklo_epi16(l, h);
+    hi = _mm512_unpackhi_epi16(l, h);
   }
 };
 // Complex x * y on interleaved lanes; floating point rounds each component once after a fused

@@ -20,6 +20,7 @@
 #include "frame/map.hpp"
 #include "frame/scale.hpp"
 #include "frame/types.hpp"
+#include "frame/wide16.hpp"
 
 namespace veks {
 
@@ -119,14 +120,33 @@ auto with_const(const T& val) {
   return [val](auto x) { return Op::apply(x, splat_elem<decltype(x)>(val)); };
 }
 
+// 16-bit operations with their own exact 32-bit step (src/frame/wide16.hpp).
+template <class Op, class W, class TA, class TB, class TD>
+inline constexpr bool use_wide16 =
+    HasExact16<Op> && (std::is_void_v<W> || std::is_same_v<W, int32_t>)&&std::is_same_v<
+                          TA, Vek16s>&& std::is_same_v<TB, Vek16s>&& std::is_same_v<TD, Vek16s>;
+
+template <class Op, int ZeroAbove>
+void run16(const Vek16s* x, const Vek16s* y, Vek16s yconst, Vek16s* d, int len, int sf) {
+  if (sf > ZeroAbove) {
+    zero_fill(d, len);
+    return;
+  }
+  wide16::apply<Op>(x, y, _mm512_set1_epi16(yconst), d, static_cast<size_t>(len), sf);
+}
+
 }  // namespace detail
 
 // d[i] = Op(a[i], b[i]), scaled by 2^-sf and saturated for integer destinations.
 template <class Op, int ZeroAbove, class W = void, class TA, class TB, class TD>
 VekStatus binary_sfs(const TA* a, const TB* b, TD* d, int len, int sf) {
   VEKS_TRY(check_ptrs_len(len, a, b, d));
-  detail::run<ZeroAbove, detail::lane_type_t<W, TD, TA, TB>>(d, len, sf, detail::apply_op<Op>, a,
-                                                             b);
+  if constexpr (detail::use_wide16<Op, W, TA, TB, TD>) {
+    detail::run16<Op, ZeroAbove>(a, b, 0, d, len, sf);
+  } else {
+    detail::run<ZeroAbove, detail::lane_type_t<W, TD, TA, TB>>(d, len, sf, detail::apply_op<Op>, a,
+                                                               b);
+  }
   return vekStatusOk;
 }
 // In place: srcdst[i] = Op(src[i], srcdst[i]).
@@ -149,8 +169,12 @@ VekStatus const_sfs(const TS* s, TS val, TD* d, int len, int sf) {
 template <class Op, int ZeroAbove, class W = void, class TS>
 VekStatus const_isfs(TS val, TS* srcdst, int len, int sf) {
   VEKS_TRY(check_ptrs_len(len, srcdst));
-  detail::run<ZeroAbove, detail::lane_type_t<W, TS>>(srcdst, len, sf, detail::with_const<Op>(val),
-                                                     static_cast<const TS*>(srcdst));
+  if constexpr (detail::use_wide16<Op, W, TS, TS, TS>) {
+    detail::run16<Op, ZeroAbove>(srcdst, nullptr, val, srcdst, len, sf);
+  } else {
+    detail::run<ZeroAbove, detail::lane_type_t<W, TS>>(srcdst, len, sf, detail::with_const<Op>(val),
+                                                       static_cast<const TS*>(srcdst));
+  }
   return vekStatusOk;
 }
 // d[i] = Op(s[i]).

@@ -1,0 +1,96 @@
+// The 16-bit fast path of the scaled shapes: 32 elements of Vek16s per step, their exact 32-bit
+// results formed in two registers in the order of the in-lane unpack instructions, scaled by the
+// policy and narrowed by one saturating pack, which restores the element order. Operations opt
+// in by providing `static void exact16(__m512i x, __m512i y, __m512i& lo, __m512i& hi)`; they may
+// also provide `sat16(x, y)` (the result at scale factor 0) and `half16(x, y)` (at scale factor
+// 1) computed directly in 16-bit lanes.
+#pragma once
+
+#include <immintrin.h>
+
+#include "frame/scale.hpp"
+#include "frame/simd.hpp"
+
+namespace veks {
+
+template <class Op>
+concept HasExact16 = requires(__m512i v, __m512i& r) {
+  Op::exact16(v, v, r, r);
+};
+
+namespace wide16 {
+
+// Sign-extends the 16-bit lanes of x to 32 bits, in unpack order.
+inline void widen(__m512i x, __m512i& lo, __m512i& hi) {
+  const __m512i sign = _mm512_srai_epi16(x, 15);
+  lo = _mm512_unpacklo_epi16(x, sign);
+  hi = _mm512_unpackhi_epi16(x, sign);
+}
+
+using V32 = simd::Vec<int32_t>;
+
+// The policies run on int32 lanes; saturation to 16 bits is left to the pack.
+template <class Scale>
+inline __m512i finish(Scale s, __m512i r) {
+  return reinterpret_cast<__m512i>(s(reinterpret_cast<V32>(r)));
+}
+
+// Left shift by 1..15 for a 16-bit destination: anything beyond +-2^16 saturates, and within it
+// the shifted value still fits 32 bits for the pack to saturate.
+struct ScaleUpPacked {
+  int k;
+  V32 operator()(V32 r) const {
+    return simd::clamp(r, simd::splat<V32>(-65536), simd::splat<V32>(65535)) << k;
+  }
+};
+
+// d[i] = step(x[i], y[i]) for 32 lanes at a time (y a pointer, or yconst when it is null).
+template <class Step>
+void run(const Vek16s* x, const Vek16s* y, __m512i yconst, Vek16s* d, size_t n, Step step) {
+  size_t i = 0;
+  for (; i + 32 <= n; i += 32) {
+    const __m512i yv = y ? _mm512_loadu_si512(y + i) : yconst;
+    _mm512_storeu_si512(d + i, step(_mm512_loadu_si512(x + i), yv));
+  }
+  if (i < n) {
+    const __mmask32 m = _bzhi_u32(~0u, static_cast<unsigned>(n - i));
+    const __m512i yv = y ? _mm512_maskz_loadu_epi16(m, y + i) : yconst;
+    _mm512_mask_storeu_epi16(d + i, m, step(_mm512_maskz_loadu_epi16(m, x + i), yv));
+  }
+}
+
+// Runs Op over n elements at scale factor sf (not above the operation's zero-fill bound).
+template <class Op>
+void apply(const Vek16s* x, const Vek16s* y, __m512i yconst, Vek16s* d, size_t n, int sf) {
+  if constexpr (requires(__m512i v) { Op::sat16(v, v); }) {
+    if (sf == 0)
+      return run(x, y, yconst, d, n, [](__m512i a, __m512i b) { return Op::sat16(a, b); });
+  }
+  if constexpr (requires(__m512i v) { Op::half16(v, v); }) {
+    if (sf == 1)
+      return run(x, y, yconst, d, n, [](__m512i a, __m512i b) { return Op::half16(a, b); });
+  }
+  // The policies run on int32 lanes and leave the final clamp to the saturating pack.
+  const auto by = [&](auto s) {
+    run(x, y, yconst, d, n, [s](__m512i a, __m512i b) {
+      __m512i lo, hi;
+      Op::exact16(a, b, lo, hi);
+      return _mm512_packs_epi32(finish(s, lo), finish(s, hi));
+    });
+  };
+  with_scale<Vek16s>(sf, INT32_MAX, [&](auto scale) {
+    using S = decltype(scale);
+    if constexpr (std::is_same_v<S, ScaleNone<Vek16s>>) {
+      by(ScaleNone<int32_t>{});
+    } else if constexpr (std::is_same_v<S, ScaleDown<Vek16s>>) {
+      by(ScaleDown<int32_t>{scale.sf});
+    } else if constexpr (std::is_same_v<S, ScaleUp<Vek16s>>) {
+      by(ScaleUpPacked{scale.k});
+    } else {
+      by(scale);
+    }
+  });
+}
+
+}  // namespace wide16
+}  // namespace veks
