@@ -278,8 +278,8 @@ VekStatus max_order(const T* src, int len, int* order) {
     B acc[4] = {};
     accumulate<N, 4>(
         n, acc, [](B& a, V v) { a |= Magnitude{}(v); }, Load<T, T>{src});
-    const auto all = reduce_lanes(acc[0] | acc[1] | acc[2] | acc[3],
-                                  [](auto x, auto y) { return x | y; });
+    const auto all =
+        reduce_lanes(acc[0] | acc[1] | acc[2] | acc[3], [](auto x, auto y) { return x | y; });
     *order = std::bit_width(all);
     return vekStatusOk;
   } else {

@@ -99,8 +99,8 @@ uint64_t norm_16s(const X& x, size_t n) {
   } else {
     U64 acc[2] = {};
     accumulate<16, 2>(
-        n, acc, [](U64& a, I32x16 v) { a += simd::convert<uint64_t>(simd::convert<uint32_t>(v * v)); },
-        x);
+        n, acc,
+        [](U64& a, I32x16 v) { a += simd::convert<uint64_t>(simd::convert<uint32_t>(v * v)); }, x);
     return sum_lanes(acc[0] + acc[1]);
   }
 }

@@ -29,7 +29,10 @@ struct Parts {
   static constexpr size_t count = 1;
 };
 template <class C>
-requires requires(C c) { c.re; c.im; }
+requires requires(C c) {
+  c.re;
+  c.im;
+}
 struct Parts<C> {
   using type = decltype(C{}.re);
   static constexpr size_t count = 2;
@@ -197,8 +200,8 @@ inline D round_clamp(double v, double lo = std::numeric_limits<D>::min(),
 
 template <class D>
 inline D saturate_to(i128 v) {
-  return static_cast<D>(std::clamp<i128>(v, std::numeric_limits<D>::min(),
-                                         std::numeric_limits<D>::max()));
+  return static_cast<D>(
+      std::clamp<i128>(v, std::numeric_limits<D>::min(), std::numeric_limits<D>::max()));
 }
 
 // The integer scaling of exact sums and products: sf > 0 divides by 2^min(sf, up) rounding ties

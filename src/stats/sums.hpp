@@ -20,14 +20,12 @@ inline void widen(F16 v, D8& lo, D8& hi) {
   hi = reinterpret_cast<D8>(_mm512_cvtps_pd(_mm512_extractf32x8_ps(m, 1)));
 }
 inline F16 fmadd(F16 a, F16 b, F16 c) {
-  return reinterpret_cast<F16>(_mm512_fmadd_ps(reinterpret_cast<__m512>(a),
-                                               reinterpret_cast<__m512>(b),
-                                               reinterpret_cast<__m512>(c)));
+  return reinterpret_cast<F16>(_mm512_fmadd_ps(
+      reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b), reinterpret_cast<__m512>(c)));
 }
 inline D8 fmadd(D8 a, D8 b, D8 c) {
-  return reinterpret_cast<D8>(_mm512_fmadd_pd(reinterpret_cast<__m512d>(a),
-                                              reinterpret_cast<__m512d>(b),
-                                              reinterpret_cast<__m512d>(c)));
+  return reinterpret_cast<D8>(_mm512_fmadd_pd(
+      reinterpret_cast<__m512d>(a), reinterpret_cast<__m512d>(b), reinterpret_cast<__m512d>(c)));
 }
 
 // Elements of esize bytes before the next Bound-byte boundary of p (at most n).
@@ -123,13 +121,21 @@ VekStatus sum_f32(const E* src, int len, E* sum, VekAccuracyHint hint) {
   return vekStatusOk;
 }
 
+// v rounded to single precision. The barrier keeps g++ 12 from folding a vectorised
+// double -> float -> double round trip into nothing (seen on the two parts of Mean_32fc).
+inline float as_float(double v) {
+  float f = static_cast<float>(v);
+  asm("" : "+x"(f));
+  return f;
+}
+
 // The sum rounded to single precision as the Sum member returns it, then divided in double.
 template <class E>
 VekStatus mean_f32(const E* src, int len, E* mean, VekAccuracyHint hint) {
   VEKS_TRY(check_ptrs_len(len, src, mean));
   double s[comps<E>];
   sum_f32_parts<comps<E>>(comps_of(src), byte_count(len, comps<E>), hint, s);
-  for (double& v : s) v = static_cast<double>(static_cast<float>(v)) / len;
+  for (double& v : s) v = static_cast<double>(as_float(v)) / len;
   store_parts(mean, s);
   return vekStatusOk;
 }
@@ -214,8 +220,8 @@ VekStatus sum_int(const S* src, int len, D* sum, int sf) {
   comp_t<D> r[comps<S>];
   for (size_t k = 0; k < comps<S>; ++k) {
     if constexpr (sizeof(comp_t<S>) == 2) {
-      r[k] = saturate_to<comp_t<D>>(
-          round_clamp<int32_t>(static_cast<double>(v[k]) * pow2_factor(sf)));
+      r[k] =
+          saturate_to<comp_t<D>>(round_clamp<int32_t>(static_cast<double>(v[k]) * pow2_factor(sf)));
     } else {  // Vek32s: integer rounding shifts, factors up to 2^-63 and 2^31
       r[k] = scale_exact<comp_t<D>>(v[k], sf, 63, 31);
     }
@@ -306,7 +312,7 @@ VekStatus inline mean_sd_f32(const float* src, int len, float* mean, float* sd,
   double s, q;
   sums_sq_f32(src, static_cast<size_t>(len), hint, s, q);
   const double n = len;
-  if (mean != nullptr) *mean = static_cast<float>(static_cast<double>(static_cast<float>(s)) / n);
+  if (mean != nullptr) *mean = static_cast<float>(static_cast<double>(as_float(s)) / n);
   *sd = sample_sd_32f(s, q, n);
   return vekStatusOk;
 }
