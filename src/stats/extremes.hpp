@@ -46,7 +46,11 @@ struct Magnitude {
       }
     } else {
       using U = std::make_unsigned_t<T>;
-      if constexpr (simd::is_vector<X>) {
+      if constexpr (simd::is_vector<X> && sizeof(X) == 64 && sizeof(T) == 2) {
+        return reinterpret_cast<recast_t<X, U>>(_mm512_abs_epi16(reinterpret_cast<__m512i>(x)));
+      } else if constexpr (simd::is_vector<X> && sizeof(X) == 64 && sizeof(T) == 4) {
+        return reinterpret_cast<recast_t<X, U>>(_mm512_abs_epi32(reinterpret_cast<__m512i>(x)));
+      } else if constexpr (simd::is_vector<X>) {
         using B = recast_t<X, U>;
         const B s = reinterpret_cast<B>(x >> (8 * sizeof(T) - 1));
         return (reinterpret_cast<B>(x) ^ s) - s;
@@ -60,6 +64,40 @@ struct Magnitude {
 
 template <class Key, class T>
 using key_t = decltype(Key{}(T{}));
+
+// Lane-wise maximum (kMax) or minimum of 512-bit vectors in one instruction; a NaN in v is
+// ignored (the result keeps m).
+template <bool kMax, class V>
+inline V pick_lanes(V v, V m) {
+  using T = lane_t<V>;
+  const __m512i a = reinterpret_cast<__m512i>(v), b = reinterpret_cast<__m512i>(m);
+  constexpr bool s = std::is_signed_v<T>;
+  if constexpr (std::is_same_v<T, float>) {
+    const __m512 x = reinterpret_cast<__m512>(v), y = reinterpret_cast<__m512>(m);
+    return reinterpret_cast<V>(kMax ? _mm512_max_ps(x, y) : _mm512_min_ps(x, y));
+  } else if constexpr (std::is_same_v<T, double>) {
+    const __m512d x = reinterpret_cast<__m512d>(v), y = reinterpret_cast<__m512d>(m);
+    return reinterpret_cast<V>(kMax ? _mm512_max_pd(x, y) : _mm512_min_pd(x, y));
+  } else if constexpr (sizeof(T) == 1) {
+    return reinterpret_cast<V>(kMax ? (s ? _mm512_max_epi8(a, b) : _mm512_max_epu8(a, b))
+                                    : (s ? _mm512_min_epi8(a, b) : _mm512_min_epu8(a, b)));
+  } else if constexpr (sizeof(T) == 2) {
+    return reinterpret_cast<V>(kMax ? (s ? _mm512_max_epi16(a, b) : _mm512_max_epu16(a, b))
+                                    : (s ? _mm512_min_epi16(a, b) : _mm512_min_epu16(a, b)));
+  } else if constexpr (sizeof(T) == 4) {
+    return reinterpret_cast<V>(kMax ? (s ? _mm512_max_epi32(a, b) : _mm512_max_epu32(a, b))
+                                    : (s ? _mm512_min_epi32(a, b) : _mm512_min_epu32(a, b)));
+  } else {
+    return reinterpret_cast<V>(kMax ? (s ? _mm512_max_epi64(a, b) : _mm512_max_epu64(a, b))
+                                    : (s ? _mm512_min_epi64(a, b) : _mm512_min_epu64(a, b)));
+  }
+}
+
+// Whether any lane of a 512-bit comparison result is set.
+template <class M>
+inline bool any_lane(M m) {
+  return _mm512_movepi8_mask(reinterpret_cast<__m512i>(m)) != 0;
+}
 
 // Lanes 0..N-1 as a vector of unsigned integers of the lane width of V.
 template <class V>
@@ -108,15 +146,17 @@ Found search(const T* p, size_t n) {
   const K lo = kFloat ? -std::numeric_limits<K>::infinity() : std::numeric_limits<K>::lowest();
   K best_min = hi, best_max = lo;
   size_t min_chunk = 0, max_chunk = 0;
-  bool seen_min = false, seen_max = false;
+  // Lane-wise extremes of every chunk so far: a chunk can beat the best only where one of its
+  // lanes beats these, so the lane reduction runs only then.
+  V lanes_min = simd::splat<V>(hi), lanes_max = simd::splat<V>(lo);
   for (size_t c = 0; c < n; c += kChunk) {
     const size_t len = std::min(kChunk, n - c);
     const T* q = p + c;
     V mn[4], mx[4], probe[4] = {};
     for (size_t k = 0; k < 4; ++k) mn[k] = simd::splat<V>(hi), mx[k] = simd::splat<V>(lo);
     auto step = [&](size_t k, V v) {
-      if constexpr (kMin) mn[k] = simd::select<V>(v < mn[k], v, mn[k]);
-      if constexpr (kMax) mx[k] = simd::select<V>(v > mx[k], v, mx[k]);
+      if constexpr (kMin) mn[k] = pick_lanes<false>(v, mn[k]);
+      if constexpr (kMax) mx[k] = pick_lanes<true>(v, mx[k]);
       if constexpr (kFloat) probe[k] += v;
     };
     size_t i = 0;
@@ -133,24 +173,30 @@ Found search(const T* p, size_t n) {
       if constexpr (kFloat) probe[0] += v;  // the lanes past the end are zero
     }
     if constexpr (kFloat) {
-      const V s = tree_sum<4>(probe);
-      if (reduce_lanes(simd::select<V>(s != s, simd::splat<V>(1), V{}), vmax_lane) != 0) {
+      const V sum = tree_sum<4>(probe);
+      if (any_lane(sum != sum)) {  // a NaN, or infinities that cancelled: look
         const size_t at = find_first(q, 0, len, key, [](auto x) { return x != x; });
         if (at < len) return {c + at, c + at};
       }
     }
     if constexpr (kMin) {
-      const K m = reduce_lanes(tree<4>(mn, vmin_lane), vmin_lane);
-      if (!seen_min || m < best_min) best_min = m, min_chunk = c, seen_min = true;
+      const V m = tree<4>(mn, vmin_lane);
+      if (c == 0 || any_lane(m < lanes_min)) {
+        const K r = reduce_lanes(m, vmin_lane);
+        if (c == 0 || r < best_min) best_min = r, min_chunk = c;
+        lanes_min = pick_lanes<false>(m, lanes_min);
+      }
     }
     if constexpr (kMax) {
-      const K m = reduce_lanes(tree<4>(mx, vmax_lane), vmax_lane);
-      if (!seen_max || m > best_max) best_max = m, max_chunk = c, seen_max = true;
+      const V m = tree<4>(mx, vmax_lane);
+      if (c == 0 || any_lane(m > lanes_max)) {
+        const K r = reduce_lanes(m, vmax_lane);
+        if (c == 0 || r > best_max) best_max = r, max_chunk = c;
+        lanes_max = pick_lanes<true>(m, lanes_max);
+      }
     }
   }
   Found f;
-  // An all-NaN-free vector always attains its extremes; a vector of only infinities of the
-  // identity's sign attains them in its first chunk.
   if constexpr (kMin)
     f.imin = find_first(p, min_chunk, std::min(n, min_chunk + kChunk), key,
                         [&](auto x) { return x == best_min; });
