@@ -100,7 +100,11 @@ uint64_t norm_16s(const X& x, size_t n) {
     U64 acc[2] = {};
     accumulate<16, 2>(
         n, acc,
-        [](U64& a, I32x16 v) { a += simd::convert<uint64_t>(simd::convert<uint32_t>(v * v)); }, x);
+        [](U64& a, I32x16 v) {
+          const U32 u = simd::convert<uint32_t>(v);  // x^2 < 2^32 for differences of 16-bit data
+          a += simd::convert<uint64_t>(u * u);
+        },
+        x);
     return sum_lanes(acc[0] + acc[1]);
   }
 }

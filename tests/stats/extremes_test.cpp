@@ -197,8 +197,8 @@ void check_every(F2 two, FI inplace, bool has_two = true) {
     if constexpr (std::is_floating_point_v<T>)
       a[static_cast<size_t>(n) / 2] = NAN, b[static_cast<size_t>(n) / 3] = NAN;
     for (bool min : {true, false}) {
-      auto d = Guarded<T>(static_cast<size_t>(n), 4);
-      auto sd = placed(b, 8);
+      auto d = Guarded<T>(static_cast<size_t>(n), sizeof(T));
+      auto sd = placed(b, 2 * sizeof(T));
       if (has_two) {
         ASSERT_EQ(two(min, a.data(), b.data(), d.data(), static_cast<Vek32u>(n)), 0);
       }
