@@ -326,7 +326,7 @@ VekStatus max_order(const T* src, int len, int* order) {
         n, acc, [](B& a, V v) { a |= Magnitude{}(v); }, Load<T, T>{src});
     const auto all =
         reduce_lanes(acc[0] | acc[1] | acc[2] | acc[3], [](auto x, auto y) { return x | y; });
-    *order = std::bit_width(all);
+    *order = static_cast<int>(std::bit_width(all));
     return vekStatusOk;
   } else {
     using I = std::conditional_t<sizeof(T) == 4, int32_t, int64_t>;
