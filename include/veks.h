@@ -31,6 +31,10 @@ extern "C" {
 typedef int VekAccuracyHint;
 enum { vekHintNone = 0, vekHintFast = 1, vekHintAccurate = 2 };
 
+/* Zero-crossing measure of the statistics family. */
+typedef int VekCrossingMeasure;
+enum { vekCrossProduct = 0, vekCrossSignBit = 1, vekCrossWithZeros = 2 };
+
 /* Element-type codes for buffer-size queries; 0, 2, 4, 6, 10 and 16 are reserved. */
 typedef int VekElemCode;
 enum {
@@ -625,6 +629,176 @@ VEKS_API VekStatus veksDivCRev_32f(const Vek32f* pSrc, Vek32f val, Vek32f* pDst,
 /* pSrcDst[i] = val / pSrcDst[i]. */
 VEKS_API VekStatus veksDivCRev_32f_I(Vek32f val, Vek32f* pSrcDst, int len);
 
+/* ==== Extremes and their indices ==== */
+/* Indices count from 0 and report the first occurrence: the lowest index holding the extreme. */
+/* The index pointer of Min/MaxIndx and Min/MaxAbsIndx is optional (checked after the length; */
+/* null makes the call its value-only sibling). Magnitudes of 16s and 32s data are searched */
+/* as unsigned values (|-32768| is 32768) and stored saturated (32767, 2147483647). */
+/* NaN: a NaN in a floating-point vector is the result of every minimum and maximum (value and */
+/* index: the first NaN), for MinMax both. MinEvery/MaxEvery give NaN where either source is */
+/* NaN. Extremes that compare equal (-0 and +0) report the first one. */
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMin_16s(const Vek16s* pSrc, int len, Vek16s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMin_32s(const Vek32s* pSrc, int len, Vek32s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMin_32f(const Vek32f* pSrc, int len, Vek32f* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMin_64f(const Vek64f* pSrc, int len, Vek64f* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMax_16s(const Vek16s* pSrc, int len, Vek16s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMax_32s(const Vek32s* pSrc, int len, Vek32s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMax_32f(const Vek32f* pSrc, int len, Vek32f* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMax_64f(const Vek64f* pSrc, int len, Vek64f* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMinAbs_16s(const Vek16s* pSrc, int len, Vek16s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMinAbs_32s(const Vek32s* pSrc, int len, Vek32s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMinAbs_32f(const Vek32f* pSrc, int len, Vek32f* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMinAbs_64f(const Vek64f* pSrc, int len, Vek64f* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMaxAbs_16s(const Vek16s* pSrc, int len, Vek16s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMaxAbs_32s(const Vek32s* pSrc, int len, Vek32s* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMaxAbs_32f(const Vek32f* pSrc, int len, Vek32f* pVal);
+/* Smallest or largest element or magnitude. */
+VEKS_API VekStatus veksMaxAbs_64f(const Vek64f* pSrc, int len, Vek64f* pVal);
+/* Smallest and largest element. */
+VEKS_API VekStatus veksMinMax_8u(const Vek8u* pSrc, int len, Vek8u* pMin, Vek8u* pMax);
+/* Smallest and largest element. */
+VEKS_API VekStatus veksMinMax_16u(const Vek16u* pSrc, int len, Vek16u* pMin, Vek16u* pMax);
+/* Smallest and largest element. */
+VEKS_API VekStatus veksMinMax_16s(const Vek16s* pSrc, int len, Vek16s* pMin, Vek16s* pMax);
+/* Smallest and largest element. */
+VEKS_API VekStatus veksMinMax_32u(const Vek32u* pSrc, int len, Vek32u* pMin, Vek32u* pMax);
+/* Smallest and largest element. */
+VEKS_API VekStatus veksMinMax_32s(const Vek32s* pSrc, int len, Vek32s* pMin, Vek32s* pMax);
+/* Smallest and largest element. */
+VEKS_API VekStatus veksMinMax_32f(const Vek32f* pSrc, int len, Vek32f* pMin, Vek32f* pMax);
+/* Smallest and largest element. */
+VEKS_API VekStatus veksMinMax_64f(const Vek64f* pSrc, int len, Vek64f* pMin, Vek64f* pMax);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMinIndx_16s(const Vek16s* pSrc, int len, Vek16s* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMinIndx_32s(const Vek32s* pSrc, int len, Vek32s* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMinIndx_32f(const Vek32f* pSrc, int len, Vek32f* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMinIndx_64f(const Vek64f* pSrc, int len, Vek64f* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMaxIndx_16s(const Vek16s* pSrc, int len, Vek16s* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMaxIndx_32s(const Vek32s* pSrc, int len, Vek32s* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMaxIndx_32f(const Vek32f* pSrc, int len, Vek32f* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMaxIndx_64f(const Vek64f* pSrc, int len, Vek64f* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMinAbsIndx_16s(const Vek16s* pSrc, int len, Vek16s* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMinAbsIndx_32s(const Vek32s* pSrc, int len, Vek32s* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMaxAbsIndx_16s(const Vek16s* pSrc, int len, Vek16s* pVal, int* pIndx);
+/* Extreme and the index of its first occurrence (pIndx may be null). */
+VEKS_API VekStatus veksMaxAbsIndx_32s(const Vek32s* pSrc, int len, Vek32s* pVal, int* pIndx);
+/* Smallest and largest element, each at its first index. */
+VEKS_API VekStatus veksMinMaxIndx_8u(const Vek8u* pSrc, int len, Vek8u* pMin, int* pMinIndx, Vek8u* pMax, int* pMaxIndx);
+/* Smallest and largest element, each at its first index. */
+VEKS_API VekStatus veksMinMaxIndx_16u(const Vek16u* pSrc, int len, Vek16u* pMin, int* pMinIndx, Vek16u* pMax, int* pMaxIndx);
+/* Smallest and largest element, each at its first index. */
+VEKS_API VekStatus veksMinMaxIndx_16s(const Vek16s* pSrc, int len, Vek16s* pMin, int* pMinIndx, Vek16s* pMax, int* pMaxIndx);
+/* Smallest and largest element, each at its first index. */
+VEKS_API VekStatus veksMinMaxIndx_32u(const Vek32u* pSrc, int len, Vek32u* pMin, int* pMinIndx, Vek32u* pMax, int* pMaxIndx);
+/* Smallest and largest element, each at its first index. */
+VEKS_API VekStatus veksMinMaxIndx_32s(const Vek32s* pSrc, int len, Vek32s* pMin, int* pMinIndx, Vek32s* pMax, int* pMaxIndx);
+/* Smallest and largest element, each at its first index. */
+VEKS_API VekStatus veksMinMaxIndx_32f(const Vek32f* pSrc, int len, Vek32f* pMin, int* pMinIndx, Vek32f* pMax, int* pMaxIndx);
+/* Smallest and largest element, each at its first index. */
+VEKS_API VekStatus veksMinMaxIndx_64f(const Vek64f* pSrc, int len, Vek64f* pMin, int* pMinIndx, Vek64f* pMax, int* pMaxIndx);
+
+/* ==== Element-wise extremes ==== */
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMinEvery_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, Vek32u len);
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMinEvery_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, Vek32u len);
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMinEvery_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, Vek32u len);
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMinEvery_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, Vek32u len);
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMaxEvery_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, Vek32u len);
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMaxEvery_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, Vek32u len);
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMaxEvery_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, Vek32u len);
+/* pDst[i] = min or max of the sources; len is unsigned, only 0 is rejected. */
+VEKS_API VekStatus veksMaxEvery_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, Vek32u len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMinEvery_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMinEvery_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMinEvery_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMinEvery_32s_I(const Vek32s* pSrc, Vek32s* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMinEvery_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMinEvery_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMaxEvery_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMaxEvery_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMaxEvery_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMaxEvery_32s_I(const Vek32s* pSrc, Vek32s* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMaxEvery_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst[i] = min or max of pSrc[i] and pSrcDst[i]. */
+VEKS_API VekStatus veksMaxEvery_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+
+/* ==== Order of the largest magnitude ==== */
+/* The length is checked before the pointers. Integers: the bit length of the OR of all */
+/* magnitudes (-2^31 gives 32, -32768 gives 16). Floating point: the biased exponent field of the */
+/* largest magnitude less 126 (64f: 1022), 0 when every element is zero (a subnormal largest */
+/* magnitude gives -126, -1022). A NaN or an infinity returns vekStatusWarnNaN with the order of */
+/* the largest non-NaN magnitude (an infinity gives 129, 1025; only NaNs give 0). */
+/* Order (bit length) of the largest magnitude. */
+VEKS_API VekStatus veksMaxOrder_16s(const Vek16s* pSrc, int len, int* pOrder);
+/* Order (bit length) of the largest magnitude. */
+VEKS_API VekStatus veksMaxOrder_32s(const Vek32s* pSrc, int len, int* pOrder);
+/* Order (bit length) of the largest magnitude. */
+VEKS_API VekStatus veksMaxOrder_32f(const Vek32f* pSrc, int len, int* pOrder);
+/* Order (bit length) of the largest magnitude. */
+VEKS_API VekStatus veksMaxOrder_64f(const Vek64f* pSrc, int len, int* pOrder);
+
+/* ==== Lookup and counting ==== */
+/* FindNearest: the table is ascending (not checked); a value exactly between two entries goes */
+/* to the lower one; a table length below 1 gives vekStatusBadSize. */
+/* For each value, the nearest table entry and its index. */
+VEKS_API VekStatus veksFindNearest_16u(const Vek16u* pVals, Vek16u* pOutVals, int* pOutIndx, int len, const Vek16u* pTable, int tblLen);
+/* The nearest table entry to one value and its index. */
+VEKS_API VekStatus veksFindNearestOne_16u(Vek16u inpVal, Vek16u* pOutVal, int* pOutIndx, const Vek16u* pTable, int tblLen);
+/* Number of elements with lowerBound < x < upperBound (both bounds excluded). */
+VEKS_API VekStatus veksCountInRange_32s(const Vek32s* pSrc, int len, int* pCount, Vek32s lowerBound, Vek32s upperBound);
+/* ZeroCrossing counts over the len - 1 adjacent pairs (len is unsigned; 1 gives 0): */
+/* vekCrossProduct: x[i] * x[i+1] < 0 (32f: the single-precision product, so a product that */
+/* underflows to zero does not count; 16s: exact, no multiplication). vekCrossSignBit: the sign */
+/* bits differ (+0 then -0 counts; 16s zero is non-negative). vekCrossWithZeros: each element */
+/* is classed -1, 0 or +1 (NaN as 0) and each pair adds |class[i+1] - class[i]| / 2, so a sign */
+/* change counts 1, a step onto or off zero counts 1/2, and passing through zeros counts 1. */
+/* Zero-crossing measure of the vector as a count. */
+VEKS_API VekStatus veksZeroCrossing_32f(const Vek32f* pSrc, Vek32u len, Vek32f* pValZC, VekCrossingMeasure tZC);
+/* Zero-crossing measure of the vector as a count. */
+VEKS_API VekStatus veksZeroCrossing_16s32f(const Vek16s* pSrc, Vek32u len, Vek32f* pValZC, VekCrossingMeasure tZC);
+
 /* ==== Allocation and version ==== */
 /* Allocates len elements aligned to 64 bytes; null if len < 1, above 2^31 - 1 bytes or out of memory. */
 VEKS_API Vek8u* veksMalloc_8u(int len);
@@ -798,6 +972,205 @@ VEKS_API VekStatus veksSwapBytes_24u_I(Vek8u* pSrcDst, int len);
 VEKS_API VekStatus veksSwapBytes_32u_I(Vek32u* pSrcDst, int len);
 /* Reverses the byte order of each of len 64u elements in place. */
 VEKS_API VekStatus veksSwapBytes_64u_I(Vek64u* pSrcDst, int len);
+
+/* ==== Sums and means ==== */
+/* Single precision (hint H): vekHintFast selects single-precision partial sums folded into */
+/* double every 8,192 elements, only for sources at an address that is a multiple of 4 bytes; */
+/* every other hint, and any other source, widens each element to double. Both paths first sum */
+/* the elements before the source's next 32-byte (fast) or 64-byte (accurate) boundary as a */
+/* group of their own, so the last bits of a result depend on the source address. */
+/* Integers accumulate exactly; _Sfs results are scaled by 2^-scaleFactor, rounded to nearest */
+/* (ties to even) and saturated, never wrapped. No member returns a warning. */
+/* Sum (real and imaginary parts separately), by the path the hint selects, rounded once. */
+VEKS_API VekStatus veksSum_32f(const Vek32f* pSrc, int len, Vek32f* pSum, VekAccuracyHint hint);
+/* Sum (real and imaginary parts separately), by the path the hint selects, rounded once. */
+VEKS_API VekStatus veksSum_32fc(const Vek32fc* pSrc, int len, Vek32fc* pSum, VekAccuracyHint hint);
+/* Sum in double partial sums combined in a tree. */
+VEKS_API VekStatus veksSum_64f(const Vek64f* pSrc, int len, Vek64f* pSum);
+/* Sum in double partial sums combined in a tree. */
+VEKS_API VekStatus veksSum_64fc(const Vek64fc* pSrc, int len, Vek64fc* pSum);
+/* Exact sum times the double 2^-scaleFactor (exponent clamped: 0 above 1023, +Inf below -1024), clamped to 32 bits, rounded to nearest even. */
+VEKS_API VekStatus veksSum_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pSum, int scaleFactor);
+/* Exact sum times the double 2^-scaleFactor (exponent clamped: 0 above 1023, +Inf below -1024), clamped to 32 bits, rounded to nearest even. */
+VEKS_API VekStatus veksSum_16sc32sc_Sfs(const Vek16sc* pSrc, int len, Vek32sc* pSum, int scaleFactor);
+/* The 32-bit result of veksSum_16s32s_Sfs (per part) saturated to 16 bits. */
+VEKS_API VekStatus veksSum_16s_Sfs(const Vek16s* pSrc, int len, Vek16s* pSum, int scaleFactor);
+/* The 32-bit result of veksSum_16s32s_Sfs (per part) saturated to 16 bits. */
+VEKS_API VekStatus veksSum_16sc_Sfs(const Vek16sc* pSrc, int len, Vek16sc* pSum, int scaleFactor);
+/* Exact 64-bit sum shifted right by min(sf, 63) with ties to even, or left by min(-sf, 31), saturated. */
+VEKS_API VekStatus veksSum_32s_Sfs(const Vek32s* pSrc, int len, Vek32s* pSum, int scaleFactor);
+/* The sum as veksSum_32f returns it (rounded to single precision), divided by len in double, rounded. */
+VEKS_API VekStatus veksMean_32f(const Vek32f* pSrc, int len, Vek32f* pMean, VekAccuracyHint hint);
+/* The sum as veksSum_32fc returns it (rounded to single precision), divided by len in double, rounded. */
+VEKS_API VekStatus veksMean_32fc(const Vek32fc* pSrc, int len, Vek32fc* pMean, VekAccuracyHint hint);
+/* Double sum divided by len. */
+VEKS_API VekStatus veksMean_64f(const Vek64f* pSrc, int len, Vek64f* pMean);
+/* Double sum divided by len. */
+VEKS_API VekStatus veksMean_64fc(const Vek64fc* pSrc, int len, Vek64fc* pMean);
+/* veksMean_32s_Sfs computes as the 16-bit members do: the exact sum divided by len in double, */
+/* times 2^-scaleFactor, clamped to the 32-bit range, rounded to nearest even. */
+/* Exact sum / len in double, times 2^-scaleFactor, clamped to the type, rounded to nearest even. */
+VEKS_API VekStatus veksMean_16s_Sfs(const Vek16s* pSrc, int len, Vek16s* pMean, int scaleFactor);
+/* Exact sum / len in double, times 2^-scaleFactor, clamped to the type, rounded to nearest even. */
+VEKS_API VekStatus veksMean_16sc_Sfs(const Vek16sc* pSrc, int len, Vek16sc* pMean, int scaleFactor);
+/* Exact sum / len in double, times 2^-scaleFactor, clamped to the type, rounded to nearest even. */
+VEKS_API VekStatus veksMean_32s_Sfs(const Vek32s* pSrc, int len, Vek32s* pMean, int scaleFactor);
+
+/* ==== Standard deviations ==== */
+/* Sample deviations (divisor n - 1): len < 2 gives vekStatusBadSize. From S = sum x and */
+/* Q = sum x^2 in one pass: sqrt(max(n*Q - S*S, 0) / (n*(n - 1))), the clamp at 0 keeping */
+/* rounding from producing the root of a negative number. The 64f members accumulate x - x[0] */
+/* for the deviation (same formula, far less cancellation) and x itself for the mean. */
+/* S and Q in double (accurate) or single lanes folded into double every 8,192 elements (fast); numerator, denominator and root in single precision. */
+VEKS_API VekStatus veksStdDev_32f(const Vek32f* pSrc, int len, Vek32f* pStdDev, VekAccuracyHint hint);
+/* Mean (S rounded to single, divided in double) and deviation from one pass. */
+VEKS_API VekStatus veksMeanStdDev_32f(const Vek32f* pSrc, int len, Vek32f* pMean, Vek32f* pStdDev, VekAccuracyHint hint);
+/* Sample standard deviation in double. */
+VEKS_API VekStatus veksStdDev_64f(const Vek64f* pSrc, int len, Vek64f* pStdDev);
+/* Mean and sample standard deviation in double from one pass. */
+VEKS_API VekStatus veksMeanStdDev_64f(const Vek64f* pSrc, int len, Vek64f* pMean, Vek64f* pStdDev);
+/* The 16-bit members: S and Q exact, the deviation in double times 2^-scaleFactor, above */
+/* 2^31 - 1 clamped, rounded to nearest even, then saturated to the destination. The mean of */
+/* veksMeanStdDev_16s32s_Sfs is computed as veksMean_16s_Sfs but clamped to the 32-bit range. */
+/* Sample standard deviation of 16-bit data, scaled. */
+VEKS_API VekStatus veksStdDev_16s_Sfs(const Vek16s* pSrc, int len, Vek16s* pStdDev, int scaleFactor);
+/* Sample standard deviation of 16-bit data, scaled. */
+VEKS_API VekStatus veksStdDev_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pStdDev, int scaleFactor);
+/* Mean and sample standard deviation of 16-bit data, scaled. */
+VEKS_API VekStatus veksMeanStdDev_16s_Sfs(const Vek16s* pSrc, int len, Vek16s* pMean, Vek16s* pStdDev, int scaleFactor);
+/* Mean and sample standard deviation of 16-bit data, scaled. */
+VEKS_API VekStatus veksMeanStdDev_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pMean, Vek32s* pStdDev, int scaleFactor);
+
+/* ==== Norms ==== */
+/* Norm_Inf = max |x|, Norm_L1 = sum |x|, Norm_L2 = sqrt(sum x^2), Norm_L2Sqr = sum x^2; the */
+/* NormDiff members take x = pSrc1 - pSrc2. Complex data use re^2 + im^2 and the magnitude. */
+/* Floating-point data accumulate in their own precision (32fc64f in double); a NaN in the data */
+/* gives a NaN norm. 16s data accumulate exactly; 16s32f converts the exact value (L2: its */
+/* double root) to single precision; _Sfs results with 32- or 64-bit destinations use rounding */
+/* shifts, right by up to 63 and left by up to 31 (32s) or 63 (64s) bits, with saturation. */
+/* Norm_L2_16s32s_Sfs and NormDiff_L2_16s32s_Sfs instead divide (multiply, for a negative */
+/* factor) the double root by the 32-bit integer 1 << (|scaleFactor| mod 32), so a factor of 31 */
+/* divides by -2^31, and truncate toward zero. */
+/* Norm of a real vector. */
+VEKS_API VekStatus veksNorm_Inf_32f(const Vek32f* pSrc, int len, Vek32f* pNorm);
+/* Norm of a real vector. */
+VEKS_API VekStatus veksNorm_L1_32f(const Vek32f* pSrc, int len, Vek32f* pNorm);
+/* Norm of a real vector. */
+VEKS_API VekStatus veksNorm_L2_32f(const Vek32f* pSrc, int len, Vek32f* pNorm);
+/* Norm of a real vector. */
+VEKS_API VekStatus veksNorm_Inf_64f(const Vek64f* pSrc, int len, Vek64f* pNorm);
+/* Norm of a real vector. */
+VEKS_API VekStatus veksNorm_L1_64f(const Vek64f* pSrc, int len, Vek64f* pNorm);
+/* Norm of a real vector. */
+VEKS_API VekStatus veksNorm_L2_64f(const Vek64f* pSrc, int len, Vek64f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_Inf_16s32f(const Vek16s* pSrc, int len, Vek32f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_L1_16s32f(const Vek16s* pSrc, int len, Vek32f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_L2_16s32f(const Vek16s* pSrc, int len, Vek32f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_Inf_32fc32f(const Vek32fc* pSrc, int len, Vek32f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_L1_32fc64f(const Vek32fc* pSrc, int len, Vek64f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_L2_32fc64f(const Vek32fc* pSrc, int len, Vek64f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_Inf_64fc64f(const Vek64fc* pSrc, int len, Vek64f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_L1_64fc64f(const Vek64fc* pSrc, int len, Vek64f* pNorm);
+/* Norm with a wider or real result. */
+VEKS_API VekStatus veksNorm_L2_64fc64f(const Vek64fc* pSrc, int len, Vek64f* pNorm);
+/* Exact norm of 16-bit data, scaled. */
+VEKS_API VekStatus veksNorm_Inf_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pNorm, int scaleFactor);
+/* Exact norm of 16-bit data, scaled. */
+VEKS_API VekStatus veksNorm_L1_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pNorm, int scaleFactor);
+/* Exact norm of 16-bit data, scaled. */
+VEKS_API VekStatus veksNorm_L2_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pNorm, int scaleFactor);
+/* Exact norm of 16-bit data, scaled. */
+VEKS_API VekStatus veksNorm_L1_16s64s_Sfs(const Vek16s* pSrc, int len, Vek64s* pNorm, int scaleFactor);
+/* Exact norm of 16-bit data, scaled. */
+VEKS_API VekStatus veksNorm_L2Sqr_16s64s_Sfs(const Vek16s* pSrc, int len, Vek64s* pNorm, int scaleFactor);
+/* Norm of pSrc1 - pSrc2. */
+VEKS_API VekStatus veksNormDiff_Inf_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len, Vek32f* pNorm);
+/* Norm of pSrc1 - pSrc2. */
+VEKS_API VekStatus veksNormDiff_L1_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len, Vek32f* pNorm);
+/* Norm of pSrc1 - pSrc2. */
+VEKS_API VekStatus veksNormDiff_L2_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len, Vek32f* pNorm);
+/* Norm of pSrc1 - pSrc2. */
+VEKS_API VekStatus veksNormDiff_Inf_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, int len, Vek64f* pNorm);
+/* Norm of pSrc1 - pSrc2. */
+VEKS_API VekStatus veksNormDiff_L1_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, int len, Vek64f* pNorm);
+/* Norm of pSrc1 - pSrc2. */
+VEKS_API VekStatus veksNormDiff_L2_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, int len, Vek64f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_Inf_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_L1_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_L2_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_Inf_32fc32f(const Vek32fc* pSrc1, const Vek32fc* pSrc2, int len, Vek32f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_L1_32fc64f(const Vek32fc* pSrc1, const Vek32fc* pSrc2, int len, Vek64f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_L2_32fc64f(const Vek32fc* pSrc1, const Vek32fc* pSrc2, int len, Vek64f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_Inf_64fc64f(const Vek64fc* pSrc1, const Vek64fc* pSrc2, int len, Vek64f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_L1_64fc64f(const Vek64fc* pSrc1, const Vek64fc* pSrc2, int len, Vek64f* pNorm);
+/* Norm of pSrc1 - pSrc2 with a wider or real result. */
+VEKS_API VekStatus veksNormDiff_L2_64fc64f(const Vek64fc* pSrc1, const Vek64fc* pSrc2, int len, Vek64f* pNorm);
+/* Exact norm of the 16-bit difference (computed in 32 bits), scaled. */
+VEKS_API VekStatus veksNormDiff_Inf_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32s* pNorm, int scaleFactor);
+/* Exact norm of the 16-bit difference (computed in 32 bits), scaled. */
+VEKS_API VekStatus veksNormDiff_L1_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32s* pNorm, int scaleFactor);
+/* Exact norm of the 16-bit difference (computed in 32 bits), scaled. */
+VEKS_API VekStatus veksNormDiff_L2_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32s* pNorm, int scaleFactor);
+/* Exact norm of the 16-bit difference (computed in 32 bits), scaled. */
+VEKS_API VekStatus veksNormDiff_L1_16s64s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek64s* pNorm, int scaleFactor);
+/* Exact norm of the 16-bit difference (computed in 32 bits), scaled. */
+VEKS_API VekStatus veksNormDiff_L2Sqr_16s64s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek64s* pNorm, int scaleFactor);
+
+/* ==== Dot products ==== */
+/* sum pSrc1[i] * pSrc2[i], complex products without conjugation. 32f: single-precision fused */
+/* multiply-add in 32 lanes; from 1,121 elements on the elements before pSrc1's 64-byte boundary */
+/* form a group of their own. 32fc: single precision likewise. Every member with a double */
+/* result, and 32f32fc, accumulates in double. Integer members are exact (16s32f rounds the */
+/* exact value once); _Sfs members shift right by up to 31 bits (ties to even) or left by up to */
+/* 31, saturating. */
+/* Dot product in the type's own precision. */
+VEKS_API VekStatus veksDotProd_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len, Vek32f* pDp);
+/* Dot product in the type's own precision. */
+VEKS_API VekStatus veksDotProd_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, int len, Vek64f* pDp);
+/* Dot product in the type's own precision. */
+VEKS_API VekStatus veksDotProd_32fc(const Vek32fc* pSrc1, const Vek32fc* pSrc2, int len, Vek32fc* pDp);
+/* Dot product in the type's own precision. */
+VEKS_API VekStatus veksDotProd_64fc(const Vek64fc* pSrc1, const Vek64fc* pSrc2, int len, Vek64fc* pDp);
+/* Real times complex, accumulated in double. */
+VEKS_API VekStatus veksDotProd_32f32fc(const Vek32f* pSrc1, const Vek32fc* pSrc2, int len, Vek32fc* pDp);
+/* Real times complex, accumulated in double. */
+VEKS_API VekStatus veksDotProd_64f64fc(const Vek64f* pSrc1, const Vek64fc* pSrc2, int len, Vek64fc* pDp);
+/* Single-precision data, double accumulation and result. */
+VEKS_API VekStatus veksDotProd_32f64f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len, Vek64f* pDp);
+/* Single-precision data, double accumulation and result. */
+VEKS_API VekStatus veksDotProd_32fc64fc(const Vek32fc* pSrc1, const Vek32fc* pSrc2, int len, Vek64fc* pDp);
+/* Real times complex single-precision data, double accumulation and result. */
+VEKS_API VekStatus veksDotProd_32f32fc64fc(const Vek32f* pSrc1, const Vek32fc* pSrc2, int len, Vek64fc* pDp);
+/* Exact dot product of 16-bit data (16s32f: rounded once). */
+VEKS_API VekStatus veksDotProd_16s64s(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek64s* pDp);
+/* Exact dot product of 16-bit data (16s32f: rounded once). */
+VEKS_API VekStatus veksDotProd_16sc64sc(const Vek16sc* pSrc1, const Vek16sc* pSrc2, int len, Vek64sc* pDp);
+/* Exact dot product of 16-bit data (16s32f: rounded once). */
+VEKS_API VekStatus veksDotProd_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32f* pDp);
+/* Exact dot product of real and complex 16-bit data. */
+VEKS_API VekStatus veksDotProd_16s16sc64sc(const Vek16s* pSrc1, const Vek16sc* pSrc2, int len, Vek64sc* pDp);
+/* Exact dot product, scale factor clamped to -31..31. */
+VEKS_API VekStatus veksDotProd_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32s* pDp, int scaleFactor);
+/* Exact dot product, scale factor clamped to -31..31. */
+VEKS_API VekStatus veksDotProd_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, int len, Vek32s* pDp, int scaleFactor);
+/* Exact dot product, scale factor clamped to -31..31. */
+VEKS_API VekStatus veksDotProd_16s32s32s_Sfs(const Vek16s* pSrc1, const Vek32s* pSrc2, int len, Vek32s* pDp, int scaleFactor);
 
 /* ---- END GENERATED EXPORTS ---- */
 /* clang-format on */

@@ -1,0 +1,151 @@
+// Throughput of the statistics reductions at 4 K, 64 K and 16 M elements, each beside a copy of
+// the same traffic (the shared harness) and beside a plain read of the same bytes: a 32-bit sum
+// loop the compiler vectorises, registered as its own rows ("read/<bytes>B"). The reductions
+// only read, so the read loop is their natural limit; after the harness's table the program
+// prints, per operation and size, read time / operation time from the fastest repetitions (> 0.9
+// is the goal). Timings are taken from the JSON file the benchmark library writes
+// (--benchmark_out, defaulting to a temporary file).
+#include <cstdint>
+#include <fstream>
+#include <sstream>
+
+#include "support/versus.hpp"
+
+// g++ 12 reports a false -Wrestrict inside std::string concatenation at -O3.
+#pragma GCC diagnostic ignored "-Wrestrict"
+
+namespace {
+
+using veks_bench::Versus;
+
+// The plain read: every 32-bit word of the buffer added up.
+__attribute__((noinline)) uint32_t read_sum(const uint32_t* p, size_t n) {
+  uint32_t s = 0;
+  for (size_t i = 0; i < n; ++i) s += p[i];
+  return s;
+}
+
+struct Row {
+  std::string op, read;
+  size_t col;
+};
+
+// Fastest per-iteration real time of every benchmark in the library's JSON output.
+std::map<std::string, double> fastest(const std::string& path) {
+  std::ifstream in(path);
+  std::map<std::string, double> best;
+  std::string line, name, type;
+  while (std::getline(in, line)) {
+    auto value = [&](const char* key) -> std::string {
+      const std::string k = std::string("\"") + key + "\": ";
+      const size_t at = line.find(k);
+      if (at == std::string::npos) return {};
+      size_t b = at + k.size(), e = line.size();
+      while (e > b && (line[e - 1] == ',' || line[e - 1] == ' ' || line[e - 1] == '"')) --e;
+      if (b < e && line[b] == '"') ++b;
+      return std::string(line.begin() + static_cast<std::ptrdiff_t>(b),
+                         line.begin() + static_cast<std::ptrdiff_t>(e));
+    };
+    if (auto v = value("name"); !v.empty()) {
+      name = v;
+      const size_t rt = name.find("/real_time");
+      if (rt != std::string::npos) name.erase(rt);
+    }
+    if (auto v = value("run_type"); !v.empty()) type = v;
+    if (auto v = value("real_time"); !v.empty() && type == "iteration") {
+      const double t = std::stod(v);
+      auto [it, fresh] = best.emplace(name, t);
+      if (!fresh) it->second = std::min(it->second, t);
+    }
+  }
+  return best;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<size_t> sizes = {size_t{4} << 10, size_t{64} << 10, size_t{16} << 20};
+  Versus v(sizes);
+  std::vector<Row> rows;
+  std::map<size_t, bool> reads;
+  auto add = [&](const std::string& op, size_t col, size_t bytes, std::function<int()> run) {
+    v.add(op, col, bytes, std::move(run));
+    const std::string read = "read/" + std::to_string(bytes) + "B";
+    rows.push_back({op, read, col});
+    if (!reads[bytes]) {
+      reads[bytes] = true;
+      const auto* p = veks_bench::random_buffer<uint32_t>(bytes / 4, 0, 1e9, 3);
+      v.add(read, col, bytes, [p, bytes] {
+        benchmark::DoNotOptimize(read_sum(p, bytes / 4));
+        return 0;
+      });
+    }
+  };
+  static Vek32f f32;
+  static Vek32s s32;
+  static Vek16s s16;
+  static int i0, i1;
+  for (size_t c = 0; c < sizes.size(); ++c) {
+    const size_t n = sizes[c];
+    const int len = static_cast<int>(n);
+    const auto* x = veks_bench::random_buffer<Vek32f>(n, -1, 1, 1);
+    const auto* y = veks_bench::random_buffer<Vek32f>(n, -1, 1, 2);
+    const auto* h = veks_bench::random_buffer<Vek16s>(n, -32768, 32767, 3);
+    add("Sum_32f fast", c, 4 * n, [=] { return veksSum_32f(x, len, &f32, vekHintFast); });
+    add("Sum_32f accurate", c, 4 * n, [=] { return veksSum_32f(x, len, &f32, vekHintAccurate); });
+    add("DotProd_32f", c, 8 * n, [=] { return veksDotProd_32f(x, y, len, &f32); });
+    add("Norm_L2_32f", c, 4 * n, [=] { return veksNorm_L2_32f(x, len, &f32); });
+    add("StdDev_32f fast", c, 4 * n, [=] { return veksStdDev_32f(x, len, &f32, vekHintFast); });
+    add("StdDev_32f accurate", c, 4 * n, [=] { return veksStdDev_32f(x, len, &f32, vekHintNone); });
+    add("MinMaxIndx_32f", c, 4 * n,
+        [=] { return veksMinMaxIndx_32f(x, len, &f32, &i0, &f32, &i1); });
+    add("Sum_16s32s_Sfs", c, 2 * n, [=] { return veksSum_16s32s_Sfs(h, len, &s32, 0); });
+    add("MaxAbsIndx_16s", c, 2 * n, [=] { return veksMaxAbsIndx_16s(h, len, &s16, &i0); });
+  }
+
+  std::vector<std::string> args(argv, argv + argc);
+  std::string out = "/tmp/veks_bench_stats.json";
+  bool has_out = false;
+  for (const std::string& a : args)
+    if (a.rfind("--benchmark_out=", 0) == 0) out = a.substr(16), has_out = true;
+  if (!has_out) args.push_back("--benchmark_out=" + out);
+  bool has_format = false;
+  for (const std::string& a : args) has_format |= a.rfind("--benchmark_out_format=", 0) == 0;
+  if (!has_format) args.push_back("--benchmark_out_format=json");
+  std::vector<char*> ptrs;
+  for (std::string& a : args) ptrs.push_back(a.data());
+  const int rc = v.main(static_cast<int>(ptrs.size()), ptrs.data(),
+                        "Statistics: reductions beside a copy of the same traffic");
+  if (rc != 0) return rc;
+
+  const auto best = fastest(out);
+  std::printf(
+      "\nratio = plain read time / operation time for the same bytes read "
+      "(fastest repetitions; goal >= 0.9)\n%-22s",
+      "operation");
+  for (size_t s : sizes) std::printf(" %22s", veks_bench::count_label(s).c_str());
+  std::printf("\n%-22s", "");
+  for (size_t i = 0; i < sizes.size(); ++i) std::printf(" %22s", "GB/s op|read  ratio");
+  std::printf("\n");
+  std::vector<std::string> ops;
+  for (const Row& r : rows)
+    if (std::find(ops.begin(), ops.end(), r.op) == ops.end()) ops.push_back(r.op);
+  for (const std::string& op : ops) {
+    std::printf("%-22s", op.c_str());
+    for (size_t c = 0; c < sizes.size(); ++c) {
+      const auto r = std::find_if(rows.begin(), rows.end(),
+                                  [&](const Row& w) { return w.op == op && w.col == c; });
+      const std::string label = "/" + veks_bench::count_label(sizes[c]);
+      const auto t = best.find(op + label), b = best.find(r->read + label);
+      if (t == best.end() || b == best.end()) {
+        std::printf(" %22s", "n/a");
+        continue;
+      }
+      const double bytes = std::stod(std::string(r->read.begin() + 5, r->read.end()));
+      std::printf("   %6.1f|%6.1f %6.2f", bytes / t->second, bytes / b->second,
+                  b->second / t->second);
+    }
+    std::printf("\n");
+  }
+  return 0;
+}
