@@ -3,11 +3,19 @@
 #pragma once
 
 #include <bit>
+#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
 #include <type_traits>
+#include <tuple>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "support/guarded.hpp"
+#include "veks.h"
 
 namespace roots_test {
 
@@ -89,6 +97,41 @@ T exact_root(uint64_t x, int sf) {
   if (lhs > rhs || (lhs == rhs && (n & 1))) ++n;
   const auto hi = static_cast<uint64_t>(std::numeric_limits<T>::max());
   return static_cast<T>(n > hi ? hi : n);
+}
+
+// The argument checks of an export whatever its signature: each pointer argument null in turn
+// gives vekStatusNullPtr, also with a bad length; with every pointer valid, a length below 1
+// gives vekStatusBadSize (the first int argument is the length, any later one the scale factor,
+// tried at its extremes); nothing is written.
+template <class... A>
+void expect_checks(const char* name, VekStatus (*fn)(A...)) {
+  constexpr size_t n = sizeof...(A);
+  constexpr bool is_ptr[] = {std::is_pointer_v<A>...};
+  size_t first_int = 0;
+  while (first_int < n && is_ptr[first_int]) ++first_int;
+  veks_test::Guarded<unsigned char> buf(256);
+  const auto call = [&](size_t null_at, int len, int sf) {
+    return [&]<size_t... I>(std::index_sequence<I...>) {
+      const auto arg = [&]<class T>(size_t i) -> T {
+        if constexpr (std::is_pointer_v<T>) {
+          return i == null_at ? nullptr : reinterpret_cast<T>(buf.data());
+        } else {
+          return static_cast<T>(i == first_int ? len : sf);
+        }
+      };
+      return fn(arg.template operator()<A>(I)...);
+    }(std::index_sequence_for<A...>{});
+  };
+  for (int sf : {0, INT_MIN, INT_MAX}) {
+    for (int len : {4, 1, 0, -1, INT_MIN}) {
+      for (size_t k = 0; k < first_int; ++k)
+        EXPECT_EQ(call(k, len, sf), vekStatusNullPtr) << name << ": pointer " << k << ", len " << len;
+      if (len < 1) {
+        EXPECT_EQ(call(n, len, sf), vekStatusBadSize) << name << ": len " << len;
+      }
+    }
+  }
+  EXPECT_TRUE(buf.unchanged()) << name;
 }
 
 }  // namespace roots_test

@@ -386,48 +386,25 @@ TEST_F(ThreadCount, SplitResultsEqualSerialResults) {
 
 // ---- argument checks -----------------------------------------------------------------------------
 
-// Null pointers first (in argument order, whatever the length), then len < 1; nothing written.
 TEST(SqrtChecks, PointersThenLengthAndNothingWritten) {
-  Guarded<Vek64fc> a(4), b(4);  // large enough for every element type
-  void* s = a.data();
-  void* d = b.data();
-  using Out = std::function<VekStatus(void*, void*, int)>;
-  using In = std::function<VekStatus(void*, int)>;
-  const std::vector<Out> outs = {
-      [](void* x, void* y, int n) { return veksSqrt_8u_Sfs((Vek8u*)x, (Vek8u*)y, n, 0); },
-      [](void* x, void* y, int n) { return veksSqrt_16u_Sfs((Vek16u*)x, (Vek16u*)y, n, 0); },
-      [](void* x, void* y, int n) { return veksSqrt_16s_Sfs((Vek16s*)x, (Vek16s*)y, n, 0); },
-      [](void* x, void* y, int n) { return veksSqrt_16sc_Sfs((Vek16sc*)x, (Vek16sc*)y, n, 0); },
-      [](void* x, void* y, int n) { return veksSqrt_32s16s_Sfs((Vek32s*)x, (Vek16s*)y, n, 0); },
-      [](void* x, void* y, int n) { return veksSqrt_32f((Vek32f*)x, (Vek32f*)y, n); },
-      [](void* x, void* y, int n) { return veksSqrt_64f((Vek64f*)x, (Vek64f*)y, n); },
-      [](void* x, void* y, int n) { return veksSqrt_32fc((Vek32fc*)x, (Vek32fc*)y, n); },
-      [](void* x, void* y, int n) { return veksSqrt_64fc((Vek64fc*)x, (Vek64fc*)y, n); }};
-  const std::vector<In> ins = {
-      [](void* x, int n) { return veksSqrt_8u_ISfs((Vek8u*)x, n, 0); },
-      [](void* x, int n) { return veksSqrt_16u_ISfs((Vek16u*)x, n, 0); },
-      [](void* x, int n) { return veksSqrt_16s_ISfs((Vek16s*)x, n, 0); },
-      [](void* x, int n) { return veksSqrt_16sc_ISfs((Vek16sc*)x, n, 0); },
-      [](void* x, int n) { return veksSqrt_32f_I((Vek32f*)x, n); },
-      [](void* x, int n) { return veksSqrt_64f_I((Vek64f*)x, n); },
-      [](void* x, int n) { return veksSqrt_32fc_I((Vek32fc*)x, n); },
-      [](void* x, int n) { return veksSqrt_64fc_I((Vek64fc*)x, n); }};
-  for (int len : {4, 0, -1, INT_MIN}) {
-    for (size_t k = 0; k < outs.size(); ++k) {
-      EXPECT_EQ(outs[k](nullptr, d, len), vekStatusNullPtr) << k;
-      EXPECT_EQ(outs[k](s, nullptr, len), vekStatusNullPtr) << k;
-      if (len < 1) {
-        EXPECT_EQ(outs[k](s, d, len), vekStatusBadSize) << k;
-      }
-    }
-    for (size_t k = 0; k < ins.size(); ++k) {
-      EXPECT_EQ(ins[k](nullptr, len), vekStatusNullPtr) << k;
-      if (len < 1) {
-        EXPECT_EQ(ins[k](d, len), vekStatusBadSize) << k;
-      }
-    }
-  }
-  EXPECT_TRUE(a.unchanged() && b.unchanged());
+  using roots_test::expect_checks;
+  expect_checks("Sqrt_8u_Sfs", veksSqrt_8u_Sfs);
+  expect_checks("Sqrt_8u_ISfs", veksSqrt_8u_ISfs);
+  expect_checks("Sqrt_16u_Sfs", veksSqrt_16u_Sfs);
+  expect_checks("Sqrt_16u_ISfs", veksSqrt_16u_ISfs);
+  expect_checks("Sqrt_16s_Sfs", veksSqrt_16s_Sfs);
+  expect_checks("Sqrt_16s_ISfs", veksSqrt_16s_ISfs);
+  expect_checks("Sqrt_16sc_Sfs", veksSqrt_16sc_Sfs);
+  expect_checks("Sqrt_16sc_ISfs", veksSqrt_16sc_ISfs);
+  expect_checks("Sqrt_32s16s_Sfs", veksSqrt_32s16s_Sfs);
+  expect_checks("Sqrt_32f", veksSqrt_32f);
+  expect_checks("Sqrt_32f_I", veksSqrt_32f_I);
+  expect_checks("Sqrt_64f", veksSqrt_64f);
+  expect_checks("Sqrt_64f_I", veksSqrt_64f_I);
+  expect_checks("Sqrt_32fc", veksSqrt_32fc);
+  expect_checks("Sqrt_32fc_I", veksSqrt_32fc_I);
+  expect_checks("Sqrt_64fc", veksSqrt_64fc);
+  expect_checks("Sqrt_64fc_I", veksSqrt_64fc_I);
 }
 
 }  // namespace
