@@ -29,6 +29,13 @@ inline D negate_if(M m, D x) { return _mm512_mask_xor_pd(x, m, x, set(-0.0)); }
 inline D fma(D a, D b, D c) { return _mm512_fmadd_pd(a, b, c); }
 inline D fnma(D a, D b, D c) { return _mm512_fnmadd_pd(a, b, c); }  // c - a * b
 
+// a + b = s + e exactly (Knuth).
+inline D two_sum(D a, D b, D& e) {
+  const D s = _mm512_add_pd(a, b), bb = _mm512_sub_pd(s, a);
+  e = _mm512_add_pd(_mm512_sub_pd(a, _mm512_sub_pd(s, bb)), _mm512_sub_pd(b, bb));
+  return s;
+}
+
 // ---- magnitude ---------------------------------------------------------------------------
 
 // sqrt(big^2 + small^2) for 1 <= big < 4 and 0 <= small <= big: the sum of squares is carried
@@ -124,10 +131,11 @@ alignas(64) inline constexpr double kAtanLo[16] = {
 inline constexpr double kPiHi = 0x1.921fb54442d18p+1, kPiLo = 0x1.1a62633145c07p-53;
 inline constexpr double kPi2Hi = 0x1.921fb54442d18p+0, kPi2Lo = 0x1.1a62633145c07p-54;
 
-// atan2(y, x) in (-pi, pi] with the C99 conventions for zeros, infinities and NaN; within about
-// 1.5 ulp. With t = min/max of |x|, |y| in [0, 1] and c = k/8 the nearest eighth,
+// atan2(y, x) in [-pi, pi] with the C99 conventions for zeros, infinities and NaN; within 0.51
+// ulp (1 ulp for subnormal results). With t = min/max of |x|, |y| in [0, 1] and c = k/8 the nearest eighth,
 // atan t = atan c + atan u, u = (t - c) / (1 + t c), |u| <= 1/16, where a Taylor polynomial of
-// degree 13 is exact to binary64; the quadrant adds 0, pi/2 or pi in double-binary64.
+// degree 13 is exact to binary64; the sums up to the quadrant's 0, pi/2 or pi carry two
+// binary64 words.
 inline D atan2(D y, D x) {
   const D ax = vabs(x), ay = vabs(y), zero = _mm512_setzero_pd(), one = set(1.0);
   const M sw = gt(ay, ax);
@@ -146,7 +154,17 @@ inline D atan2(D y, D x) {
       _mm512_roundscale_pd(_mm512_mul_pd(t, set(8.0)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC),
       set(8.0));
   const D c = _mm512_mul_pd(k, set(0.125));
-  const D u = _mm512_div_pd(fnma(c, den, num), fma(c, num, den));
+  // u = (num - c den) / (den + c num) to about 2^-100: c den is within a factor of two of num,
+  // so num - c den is exact and only the rounding error of the product is carried; the divisor
+  // is a sum of two; one correction step of the quotient.
+  const D cd = _mm512_mul_pd(c, den), cde = fma(c, den, _mm512_sub_pd(zero, cd));
+  const D nhi = _mm512_sub_pd(num, cd);
+  const D cn = _mm512_mul_pd(c, num), cne = fma(c, num, _mm512_sub_pd(zero, cn));
+  const D dhi = _mm512_add_pd(den, cn);
+  const D dlo = _mm512_add_pd(_mm512_add_pd(_mm512_sub_pd(den, dhi), cn), cne);
+  const D u = _mm512_div_pd(nhi, dhi);
+  const D res = _mm512_sub_pd(_mm512_sub_pd(fnma(u, dhi, nhi), cde), _mm512_mul_pd(u, dlo));
+  const D ulo = _mm512_mul_pd(res, _mm512_rcp14_pd(dhi));
   const D z = _mm512_mul_pd(u, u);
   D pl = set(1.0 / 13);
   pl = fma(pl, z, set(-1.0 / 11));
@@ -154,11 +172,14 @@ inline D atan2(D y, D x) {
   pl = fma(pl, z, set(-1.0 / 7));
   pl = fma(pl, z, set(1.0 / 5));
   pl = fma(pl, z, set(-1.0 / 3));
-  const D p = fma(_mm512_mul_pd(u, z), pl, u);  // atan u
+  const D tail = fma(_mm512_mul_pd(u, z), pl, ulo);  // atan(u + ulo) - u
 
   const __m512i idx = _mm512_cvtpd_epi64(k);
   const D chi = _mm512_permutex2var_pd(_mm512_load_pd(kAtanHi), idx, _mm512_load_pd(kAtanHi + 8));
   const D clo = _mm512_permutex2var_pd(_mm512_load_pd(kAtanLo), idx, _mm512_load_pd(kAtanLo + 8));
+  D e1;
+  const D ahi = two_sum(chi, u, e1);  // atan t = ahi + alo
+  const D alo = _mm512_add_pd(_mm512_add_pd(e1, clo), tail);
 
   // Quadrant: x >= +0: 0 + a or pi/2 - a; x <= -0: pi - a or pi/2 + a (a = atan t).
   const M xneg = sign_bit(x), sub = static_cast<M>(sw ^ xneg);
@@ -166,10 +187,9 @@ inline D atan2(D y, D x) {
   D qhi = _mm512_maskz_mov_pd(sw, set(kPi2Hi)), qlo = _mm512_maskz_mov_pd(sw, set(kPi2Lo));
   qhi = _mm512_mask_mov_pd(qhi, to_pi, set(kPiHi));
   qlo = _mm512_mask_mov_pd(qlo, to_pi, set(kPiLo));
-  const D a = negate_if(sub, chi);
-  const D s = _mm512_add_pd(qhi, a), bb = _mm512_sub_pd(s, qhi);
-  const D err = _mm512_add_pd(_mm512_sub_pd(qhi, _mm512_sub_pd(s, bb)), _mm512_sub_pd(a, bb));
-  const D lo = _mm512_add_pd(_mm512_add_pd(err, qlo), negate_if(sub, _mm512_add_pd(clo, p)));
+  D e2;
+  const D s = two_sum(qhi, negate_if(sub, ahi), e2);
+  const D lo = _mm512_add_pd(_mm512_add_pd(e2, qlo), negate_if(sub, alo));
   const D r = with_sign(_mm512_add_pd(s, lo), y);
   return _mm512_mask_add_pd(r, _mm512_cmp_pd_mask(x, y, _CMP_UNORD_Q), x, y);
 }

@@ -231,7 +231,7 @@ TYPED_TEST(ComplexSqrt, PrincipalRootWithinBound) {
       ASSERT_LE(e, CplxRoot<C>::bound) << src[i].re << " " << src[i].im;
     }
   }
-  ::testing::Test::RecordProperty("worst_ulps", std::to_string(static_cast<double>(worst)));
+  ::testing::Test::RecordProperty("worst_ulps", testing::PrintToString(static_cast<double>(worst)));
 }
 
 // The special values of the principal root, each as an exact pair (NaN: any NaN).
