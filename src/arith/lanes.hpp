@@ -126,8 +126,9 @@ inline void store(Vek32fc* p, D re, D im, unsigned r) {
 inline void store(Vek64fc* p, D re, D im, unsigned r) {
   const __mmask16 m = mask16(r);
   auto* d = reinterpret_cast<double*>(p);
-  _mm512_mask_storeu_pd(d, static_cast<__mmask8>(m),
-                        _mm512_permutex2var_pd(re, _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11), im));
+  _mm512_mask_storeu_pd(
+      d, static_cast<__mmask8>(m),
+      _mm512_permutex2var_pd(re, _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11), im));
   _mm512_mask_storeu_pd(
       d + 8, static_cast<__mmask8>(m >> 8),
       _mm512_permutex2var_pd(re, _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15), im));
@@ -162,6 +163,18 @@ struct Interleaved {
   using part = part_t<C>;
   const C* p;
   void operator()(size_t i, unsigned r, D& re, D& im) const { load(p + i, r, re, im); }
+  // r <= 16 binary32 pairs, deinterleaved.
+  void load16(size_t i, unsigned r, __m512& re,
+              __m512& im) const requires std::is_same_v<C, Vek32fc> {
+    const auto m = static_cast<uint32_t>(_bzhi_u32(~0u, 2 * r));
+    const float* f = reinterpret_cast<const float*>(p + i);
+    const __m512 lo = _mm512_maskz_loadu_ps(static_cast<__mmask16>(m), f);
+    const __m512 hi = _mm512_maskz_loadu_ps(static_cast<__mmask16>(m >> 16), f + 16);
+    const __m512i even =
+        _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
+    re = _mm512_permutex2var_ps(lo, even, hi);
+    im = _mm512_permutex2var_ps(lo, _mm512_add_epi32(even, _mm512_set1_epi32(1)), hi);
+  }
 };
 // Real parts in one vector, imaginary parts in another.
 template <class E>
@@ -172,6 +185,12 @@ struct Split {
   void operator()(size_t i, unsigned r, D& re, D& im) const {
     re = load(re_ + i, r);
     im = load(im_ + i, r);
+  }
+  void load16(size_t i, unsigned r, __m512& re,
+              __m512& im) const requires std::is_same_v<E, Vek32f> {
+    const auto m = static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
+    re = _mm512_maskz_loadu_ps(m, re_ + i);
+    im = _mm512_maskz_loadu_ps(m, im_ + i);
   }
 };
 

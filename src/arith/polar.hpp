@@ -57,18 +57,19 @@ template <class E>
 VekStatus polar_to_cart_split(const E* pSrcMagn, const E* pSrcPhase, E* pDstRe, E* pDstIm,
                               int len) {
   VEKS_TRY(check_ptrs_len(len, pSrcMagn, pSrcPhase, pDstRe, pDstIm));
-  polar_detail::to_cart(pSrcMagn, pSrcPhase, len, [&](size_t i, unsigned r, __m512d re, __m512d im) {
-    lanes::store(pDstRe + i, re, r);
-    lanes::store(pDstIm + i, im, r);
-  });
+  polar_detail::to_cart(pSrcMagn, pSrcPhase, len,
+                        [&](size_t i, unsigned r, __m512d re, __m512d im) {
+                          lanes::store(pDstRe + i, re, r);
+                          lanes::store(pDstIm + i, im, r);
+                        });
   return vekStatusOk;
 }
 template <class E, class C>
 VekStatus polar_to_cart(const E* pSrcMagn, const E* pSrcPhase, C* pDst, int len) {
   VEKS_TRY(check_ptrs_len(len, pSrcMagn, pSrcPhase, pDst));
-  polar_detail::to_cart(pSrcMagn, pSrcPhase, len, [&](size_t i, unsigned r, __m512d re, __m512d im) {
-    lanes::store(pDst + i, re, im, r);
-  });
+  polar_detail::to_cart(
+      pSrcMagn, pSrcPhase, len,
+      [&](size_t i, unsigned r, __m512d re, __m512d im) { lanes::store(pDst + i, re, im, r); });
   return vekStatusOk;
 }
 

@@ -55,12 +55,13 @@ VekStatus integer(const TS* s, TD* d, int len, int sf) {
   const lanes::Finish<TD> fin(sf);
   const int flagged = lanes::split_or_serial<Threshold>(len, [=](int first, int count) {
     unsigned neg = 0;
-    lanes::blocks8(static_cast<size_t>(first), static_cast<size_t>(count), [&](size_t i, unsigned r) {
-      const __m512d x = lanes::load(s + i, r);
-      if constexpr (std::is_signed_v<TS>) neg |= vm::lt(x, _mm512_setzero_pd());
-      const __m512d v = _mm512_sqrt_pd(_mm512_max_pd(x, _mm512_setzero_pd()));
-      lanes::store(d + i, fin(v), r);
-    });
+    lanes::blocks8(static_cast<size_t>(first), static_cast<size_t>(count),
+                   [&](size_t i, unsigned r) {
+                     const __m512d x = lanes::load(s + i, r);
+                     if constexpr (std::is_signed_v<TS>) neg |= vm::lt(x, _mm512_setzero_pd());
+                     const __m512d v = _mm512_sqrt_pd(_mm512_max_pd(x, _mm512_setzero_pd()));
+                     lanes::store(d + i, fin(v), r);
+                   });
     return neg != 0;
   });
   return flagged ? vekStatusWarnNegSqrt : vekStatusOk;
@@ -73,12 +74,13 @@ VekStatus complex(const C* s, C* d, int len, int sf) {
   constexpr bool kScaled = std::is_same_v<C, Vek64fc>;
   const lanes::Finish<lanes::part_t<C>> fin(sf);
   lanes::split_or_serial<Threshold>(len, [=](int first, int count) {
-    lanes::blocks8(static_cast<size_t>(first), static_cast<size_t>(count), [&](size_t i, unsigned r) {
-      __m512d a, b, wr, wi;
-      lanes::load(s + i, r, a, b);
-      vm::csqrt<kScaled>(a, b, wr, wi);
-      lanes::store(d + i, fin(wr), fin(wi), r);
-    });
+    lanes::blocks8(static_cast<size_t>(first), static_cast<size_t>(count),
+                   [&](size_t i, unsigned r) {
+                     __m512d a, b, wr, wi;
+                     lanes::load(s + i, r, a, b);
+                     vm::csqrt<kScaled>(a, b, wr, wi);
+                     lanes::store(d + i, fin(wr), fin(wi), r);
+                   });
     return 0;
   });
   return vekStatusOk;

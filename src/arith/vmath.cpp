@@ -46,8 +46,8 @@ int reduce_pio2_huge(double x, double* r) {
   // Nearest quadrant: a fraction of one half or more counts from the next one, negatively.
   if (fhi >> 63) ++n;
   const auto shi = static_cast<int64_t>(fhi);  // two's complement: fraction - 1 when >= 1/2
-  const long double f = static_cast<long double>(shi) * 0x1p-64L +
-                        static_cast<long double>(flo) * 0x1p-128L;
+  const long double f =
+      static_cast<long double>(shi) * 0x1p-64L + static_cast<long double>(flo) * 0x1p-128L;
   const long double rr = f * 1.57079632679489661923132169163975144L;
   double rd = static_cast<double>(rr);
   if (bits >> 63) {

@@ -59,8 +59,7 @@ inline D hypot(D x, D y) {
   const D big = pick(sw, ax, ay), small = pick(sw, ay, ax);
   const D e = _mm512_getexp_pd(big);  // floor(log2 big), subnormals included
   const D ne = _mm512_sub_pd(_mm512_setzero_pd(), e);
-  D h = _mm512_scalef_pd(
-      hypot_core(_mm512_scalef_pd(big, ne), _mm512_scalef_pd(small, ne)), e);
+  D h = _mm512_scalef_pd(hypot_core(_mm512_scalef_pd(big, ne), _mm512_scalef_pd(small, ne)), e);
   h = _mm512_mask_mov_pd(h, eq(big, _mm512_setzero_pd()), _mm512_setzero_pd());
   return _mm512_mask_mov_pd(h, eq(ax, set(kInf)) | eq(ay, set(kInf)), set(kInf));
 }
@@ -75,6 +74,76 @@ inline D hypot_f32(D x, D y) {
   h = fma(fnma(h, h, s), _mm512_mul_pd(r, set(0.5)), h);
   h = _mm512_mask_mov_pd(h, eq(s, _mm512_setzero_pd()), _mm512_setzero_pd());
   return _mm512_mask_mov_pd(h, eq(vabs(x), set(kInf)) | eq(vabs(y), set(kInf)), set(kInf));
+}
+
+// |x + iy| of binary32 parts in binary32 lanes (16 in a zmm register, 8 in a ymm register, the
+// same operations either way): x^2 + y^2 carried as an unevaluated sum of two binary32 words, a
+// correctly rounded root and one Newton correction: about 0.5 ulp. This holds while
+// 2^-80 <= x^2 + y^2 <= 2^120 (or both parts are zero); `outside` gets the other lanes, which the
+// caller takes from hypot_f32 instead. Each lane's result depends on that lane alone.
+namespace f32 {
+inline __m512 set(__m512, float v) { return _mm512_set1_ps(v); }
+inline __m256 set(__m256, float v) { return _mm256_set1_ps(v); }
+inline __m512 mul(__m512 a, __m512 b) { return _mm512_mul_ps(a, b); }
+inline __m256 mul(__m256 a, __m256 b) { return _mm256_mul_ps(a, b); }
+inline __m512 add(__m512 a, __m512 b) { return _mm512_add_ps(a, b); }
+inline __m256 add(__m256 a, __m256 b) { return _mm256_add_ps(a, b); }
+inline __m512 sub(__m512 a, __m512 b) { return _mm512_sub_ps(a, b); }
+inline __m256 sub(__m256 a, __m256 b) { return _mm256_sub_ps(a, b); }
+inline __m512 fms(__m512 a, __m512 b, __m512 c) { return _mm512_fmsub_ps(a, b, c); }
+inline __m256 fms(__m256 a, __m256 b, __m256 c) { return _mm256_fmsub_ps(a, b, c); }
+inline __m512 fma(__m512 a, __m512 b, __m512 c) { return _mm512_fmadd_ps(a, b, c); }
+inline __m256 fma(__m256 a, __m256 b, __m256 c) { return _mm256_fmadd_ps(a, b, c); }
+inline __m512 fnma(__m512 a, __m512 b, __m512 c) { return _mm512_fnmadd_ps(a, b, c); }
+inline __m256 fnma(__m256 a, __m256 b, __m256 c) { return _mm256_fnmadd_ps(a, b, c); }
+inline __m512 max(__m512 a, __m512 b) { return _mm512_max_ps(a, b); }
+inline __m256 max(__m256 a, __m256 b) { return _mm256_max_ps(a, b); }
+inline __m512 min(__m512 a, __m512 b) { return _mm512_min_ps(a, b); }
+inline __m256 min(__m256 a, __m256 b) { return _mm256_min_ps(a, b); }
+inline __m512 sqrt(__m512 a) { return _mm512_sqrt_ps(a); }
+inline __m256 sqrt(__m256 a) { return _mm256_sqrt_ps(a); }
+inline __m512 rcp(__m512 a) { return _mm512_rcp14_ps(a); }
+inline __m256 rcp(__m256 a) { return _mm256_rcp14_ps(a); }
+// Lanes with s outside [lo, hi] (NaN included), unless x and y are both zero.
+inline void outside(__m512 s, __m512 x, __m512 y, float lo, float hi, __mmask16& k) {
+  const __m512 z = _mm512_setzero_ps();
+  k = static_cast<__mmask16>(
+      ~(_mm512_cmp_ps_mask(s, _mm512_set1_ps(lo), _CMP_GE_OQ) &
+        _mm512_cmp_ps_mask(s, _mm512_set1_ps(hi), _CMP_LE_OQ)) &
+      ~(_mm512_cmp_ps_mask(x, z, _CMP_EQ_OQ) & _mm512_cmp_ps_mask(y, z, _CMP_EQ_OQ)));
+}
+inline void outside(__m256 s, __m256 x, __m256 y, float lo, float hi, __mmask8& k) {
+  const __m256 z = _mm256_setzero_ps();
+  k = static_cast<__mmask8>(
+      ~(_mm256_cmp_ps_mask(s, _mm256_set1_ps(lo), _CMP_GE_OQ) &
+        _mm256_cmp_ps_mask(s, _mm256_set1_ps(hi), _CMP_LE_OQ)) &
+      ~(_mm256_cmp_ps_mask(x, z, _CMP_EQ_OQ) & _mm256_cmp_ps_mask(y, z, _CMP_EQ_OQ)));
+}
+}  // namespace f32
+
+template <class V, class K>
+inline V hypot_f32_in_range(V x, V y, K& outside) {
+  using namespace f32;
+  const V p = mul(x, x), pe = fms(x, x, p);
+  const V q = mul(y, y), qe = fms(y, y, q);
+  const V hi = max(p, q), lo = min(p, q);
+  const V s = add(hi, lo);
+  const V l = add(sub(lo, sub(s, hi)), add(pe, qe));
+  const V h = f32::sqrt(s);
+  const V d = mul(add(fnma(h, h, s), l), set(x, 0.5f));
+  f32::outside(s, x, y, 0x1p-80f, 0x1p120f, outside);
+  return f32::fma(d, rcp(max(h, set(x, 0x1p-60f))), h);
+}
+
+// The same for eight lanes held as binary64: the result is exactly what the 16-lane binary32
+// kernel stores for these lanes.
+inline D hypot_f32_lanes(D x, D y) {
+  __mmask8 outside;
+  const __m256 h = hypot_f32_in_range(_mm512_cvtpd_ps(x), _mm512_cvtpd_ps(y), outside);
+  D r = _mm512_cvtps_pd(h);
+  if (outside) [[unlikely]]
+    r = _mm512_mask_mov_pd(r, outside, hypot_f32(x, y));
+  return r;
 }
 
 // ---- complex square root --------------------------------------------------------------------
@@ -94,11 +163,12 @@ inline void csqrt(D a, D b, D& wr, D& wi) {
     const D big = pick(sw, ax, ab), small = pick(sw, ab, ax);
     const M z = eq(big, zero);
     const D e = _mm512_mask_mov_pd(_mm512_getexp_pd(big), z, zero);
-    const D half = _mm512_roundscale_pd(_mm512_mul_pd(e, set(0.5)),
-                                        _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC);
+    const D half =
+        _mm512_roundscale_pd(_mm512_mul_pd(e, set(0.5)), _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC);
     const D ne = _mm512_mul_pd(half, set(-2.0));  // scale by 2^(-2 * half)
     const D h = hypot_core(_mm512_scalef_pd(big, ne), _mm512_scalef_pd(small, ne));
-    const D tt = _mm512_sqrt_pd(_mm512_mul_pd(_mm512_add_pd(_mm512_scalef_pd(ax, ne), h), set(0.5)));
+    const D tt =
+        _mm512_sqrt_pd(_mm512_mul_pd(_mm512_add_pd(_mm512_scalef_pd(ax, ne), h), set(0.5)));
     t = _mm512_mask_mov_pd(_mm512_scalef_pd(tt, half), z, zero);
   }
   const D other = _mm512_div_pd(ab, _mm512_add_pd(t, t));
@@ -121,21 +191,32 @@ inline void csqrt(D a, D b, D& wr, D& wi) {
 // ---- arctangent -------------------------------------------------------------------------------
 
 // atan(k/8) for k = 0..8 as a sum of two binary64 values.
-alignas(64) inline constexpr double kAtanHi[16] = {
-    0.0, 0x1.fd5ba9aac2f6ep-4, 0x1.f5b75f92c80ddp-3, 0x1.6f61941e4def1p-2, 0x1.dac670561bb4fp-2,
-    0x1.1e00babdefeb4p-1, 0x1.4978fa3269ee1p-1, 0x1.700a7c5784634p-1, 0x1.921fb54442d18p-1};
-alignas(64) inline constexpr double kAtanLo[16] = {
-    0.0, -0x1.cd37686760c17p-59, 0x1.8ab6e3cf7afbdp-57, -0x1.c63aae6f6e918p-56,
-    0x1.a2b7f222f65e2p-56, -0x1.928df287a668fp-58, 0x1.2419a87f2a458p-56,
-    -0x1.8c34d25aadef6p-56, 0x1.1a62633145c07p-55};
+alignas(64) inline constexpr double kAtanHi[16] = {0.0,
+                                                   0x1.fd5ba9aac2f6ep-4,
+                                                   0x1.f5b75f92c80ddp-3,
+                                                   0x1.6f61941e4def1p-2,
+                                                   0x1.dac670561bb4fp-2,
+                                                   0x1.1e00babdefeb4p-1,
+                                                   0x1.4978fa3269ee1p-1,
+                                                   0x1.700a7c5784634p-1,
+                                                   0x1.921fb54442d18p-1};
+alignas(64) inline constexpr double kAtanLo[16] = {0.0,
+                                                   -0x1.cd37686760c17p-59,
+                                                   0x1.8ab6e3cf7afbdp-57,
+                                                   -0x1.c63aae6f6e918p-56,
+                                                   0x1.a2b7f222f65e2p-56,
+                                                   -0x1.928df287a668fp-58,
+                                                   0x1.2419a87f2a458p-56,
+                                                   -0x1.8c34d25aadef6p-56,
+                                                   0x1.1a62633145c07p-55};
 inline constexpr double kPiHi = 0x1.921fb54442d18p+1, kPiLo = 0x1.1a62633145c07p-53;
 inline constexpr double kPi2Hi = 0x1.921fb54442d18p+0, kPi2Lo = 0x1.1a62633145c07p-54;
 
 // atan2(y, x) in [-pi, pi] with the C99 conventions for zeros, infinities and NaN; within 0.51
-// ulp (1 ulp for subnormal results). With t = min/max of |x|, |y| in [0, 1] and c = k/8 the nearest eighth,
-// atan t = atan c + atan u, u = (t - c) / (1 + t c), |u| <= 1/16, where a Taylor polynomial of
-// degree 13 is exact to binary64; the sums up to the quadrant's 0, pi/2 or pi carry two
-// binary64 words.
+// ulp (1 ulp for subnormal results). With t = min/max of |x|, |y| in [0, 1] and c = k/8 the nearest
+// eighth, atan t = atan c + atan u, u = (t - c) / (1 + t c), |u| <= 1/16, where a Taylor polynomial
+// of degree 13 is exact to binary64; the sums up to the quadrant's 0, pi/2 or pi carry two binary64
+// words.
 inline D atan2(D y, D x) {
   const D ax = vabs(x), ay = vabs(y), zero = _mm512_setzero_pd(), one = set(1.0);
   const M sw = gt(ay, ax);
@@ -150,9 +231,9 @@ inline D atan2(D y, D x) {
   den = _mm512_scalef_pd(den, ne);
 
   const D t = _mm512_mul_pd(num, _mm512_rcp14_pd(den));  // only selects the eighth
-  const D k = _mm512_min_pd(
-      _mm512_roundscale_pd(_mm512_mul_pd(t, set(8.0)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC),
-      set(8.0));
+  const D k = _mm512_min_pd(_mm512_roundscale_pd(_mm512_mul_pd(t, set(8.0)),
+                                                 _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC),
+                            set(8.0));
   const D c = _mm512_mul_pd(k, set(0.125));
   // u = (num - c den) / (den + c num) to about 2^-100: c den is within a factor of two of num,
   // so num - c den is exact and only the rounding error of the product is carried; the divisor
@@ -250,8 +331,8 @@ inline void sincos(D x, D& sn, D& cs) {
   const D c = fma(z, pc, set(1.0));
   const M odd = _mm512_test_epi64_mask(n, _mm512_set1_epi64(1));
   const M sneg = _mm512_test_epi64_mask(n, _mm512_set1_epi64(2));
-  const M cneg = _mm512_test_epi64_mask(_mm512_add_epi64(n, _mm512_set1_epi64(1)),
-                                        _mm512_set1_epi64(2));
+  const M cneg =
+      _mm512_test_epi64_mask(_mm512_add_epi64(n, _mm512_set1_epi64(1)), _mm512_set1_epi64(2));
   sn = negate_if(sneg, pick(odd, s, c));
   cs = negate_if(cneg, pick(odd, c, s));
 }

@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <functional>
-#include <tuple>
 #include <cmath>
+#include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "arith/math_ref.hpp"
@@ -52,7 +52,8 @@ P sample(Rng& rng) {
     constexpr int emin = std::numeric_limits<P>::min_exponent - std::numeric_limits<P>::digits;
     return rng.wide<P>(emin, std::numeric_limits<P>::max_exponent / 2 - 2);
   } else {
-    if (rng.next() % 10 == 0) return rng.next() & 1 ? std::numeric_limits<P>::min() : std::numeric_limits<P>::max();
+    if (rng.next() % 10 == 0)
+      return rng.next() & 1 ? std::numeric_limits<P>::min() : std::numeric_limits<P>::max();
     return static_cast<P>(rng.next() >> (64 - 8 * sizeof(P) + rng.next() % (8 * sizeof(P))));
   }
 }
@@ -99,7 +100,8 @@ void check_pair(const Pair<P, TD>& m, uint64_t seed) {
   }
 }
 
-const std::vector<int> kSfs = {INT_MIN, -31, -16, -13, -5, -1, 0, 1, 2, 7, 15, 16, 17, 31, 32, INT_MAX};
+const std::vector<int> kSfs = {INT_MIN, -31, -16, -13, -5, -1, 0,  1,
+                               2,       7,   15,  16,  17, 31, 32, INT_MAX};
 
 bool exact_or_neighbour(LD v, long long got, long long want) {
   return got == want || (roots_test::near_half(v) && std::llabs(got - want) == 1);
@@ -114,72 +116,92 @@ bool float_within(float got, LD v, LD bound) {
 }
 
 TEST(Magnitude, EveryMemberAgainstItsModel) {
-  check_pair(Pair<Vek32f, Vek32f>{"Magnitude_32f", no_sf(veksMagnitude_32f),
-                                  no_sf(veksMagnitude_32fc),
-                                  [](LD re, LD im, float got, int) { return float_within(got, std::hypot(re, im), 1); }},
-             11);
-  check_pair(Pair<Vek64f, Vek64f>{"Magnitude_64f", no_sf(veksMagnitude_64f),
-                                  no_sf(veksMagnitude_64fc),
-                                  [](LD re, LD im, double got, int) { return ulps(got, std::hypot(re, im)) <= 1; }},
-             12);
+  check_pair(
+      Pair<Vek32f, Vek32f>{
+          "Magnitude_32f", no_sf(veksMagnitude_32f), no_sf(veksMagnitude_32fc),
+          [](LD re, LD im, float got, int) { return float_within(got, std::hypot(re, im), 1); }},
+      11);
+  check_pair(
+      Pair<Vek64f, Vek64f>{
+          "Magnitude_64f", no_sf(veksMagnitude_64f), no_sf(veksMagnitude_64fc),
+          [](LD re, LD im, double got, int) { return ulps(got, std::hypot(re, im)) <= 1; }},
+      12);
   check_pair(Pair<Vek16s, Vek32f>{"Magnitude_16s32f", no_sf(veksMagnitude_16s32f),
                                   no_sf(veksMagnitude_16sc32f),
-                                  [](LD re, LD im, float got, int) { return got == static_cast<float>(std::sqrt(re * re + im * im)); }},
+                                  [](LD re, LD im, float got, int) {
+                                    return got == static_cast<float>(std::sqrt(re * re + im * im));
+                                  }},
              13);
-  check_pair(Pair<Vek16s, Vek16s>{"Magnitude_16s_Sfs", veksMagnitude_16s_Sfs, veksMagnitude_16sc_Sfs,
-                                  [](LD re, LD im, Vek16s got, int sf) {
-                                    return got == roots_test::exact_root<Vek16s>(static_cast<uint64_t>(re * re + im * im), sf);
-                                  },
-                                  kSfs},
-             14);
+  check_pair(
+      Pair<Vek16s, Vek16s>{"Magnitude_16s_Sfs", veksMagnitude_16s_Sfs, veksMagnitude_16sc_Sfs,
+                           [](LD re, LD im, Vek16s got, int sf) {
+                             return got == roots_test::exact_root<Vek16s>(
+                                               static_cast<uint64_t>(re * re + im * im), sf);
+                           },
+                           kSfs},
+      14);
 }
 
 TEST(Phase, EveryMemberAgainstItsModel) {
-  check_pair(Pair<Vek32f, Vek32f>{"Phase_32f", no_sf(veksPhase_32f),
-                                  no_sf(veksPhase_32fc),
-                                  [](LD re, LD im, float got, int) { return ulps(got, std::atan2(im, re)) <= 1; }},
+  check_pair(Pair<Vek32f, Vek32f>{"Phase_32f", no_sf(veksPhase_32f), no_sf(veksPhase_32fc),
+                                  [](LD re, LD im, float got, int) {
+                                    return ulps(got, std::atan2(im, re)) <= 1;
+                                  }},
              21);
-  check_pair(Pair<Vek64f, Vek64f>{"Phase_64f", no_sf(veksPhase_64f),
-                                  no_sf(veksPhase_64fc),
-                                  [](LD re, LD im, double got, int) { return ulps(got, std::atan2(im, re)) <= 2; }},
+  check_pair(Pair<Vek64f, Vek64f>{"Phase_64f", no_sf(veksPhase_64f), no_sf(veksPhase_64fc),
+                                  [](LD re, LD im, double got, int) {
+                                    return ulps(got, std::atan2(im, re)) <= 2;
+                                  }},
              22);
-  check_pair(Pair<Vek16s, Vek32f>{"Phase_16s32f", no_sf(veksPhase_16s32f),
-                                  no_sf(veksPhase_16sc32f),
-                                  [](LD re, LD im, float got, int) { return ulps(got, std::atan2(im, re)) <= 1; }},
+  check_pair(Pair<Vek16s, Vek32f>{"Phase_16s32f", no_sf(veksPhase_16s32f), no_sf(veksPhase_16sc32f),
+                                  [](LD re, LD im, float got, int) {
+                                    return ulps(got, std::atan2(im, re)) <= 1;
+                                  }},
              23);
   const auto int_phase = [](LD re, LD im, auto got, int sf) {
     const LD v = scaled(std::atan2(im, re), sf);
     return exact_or_neighbour(v, got, round_sat<decltype(got)>(v));
   };
-  check_pair(Pair<Vek16s, Vek16s>{"Phase_16s_Sfs", veksPhase_16s_Sfs, veksPhase_16sc_Sfs, int_phase, kSfs}, 24);
+  check_pair(
+      Pair<Vek16s, Vek16s>{"Phase_16s_Sfs", veksPhase_16s_Sfs, veksPhase_16sc_Sfs, int_phase, kSfs},
+      24);
   // 32sc exists only interleaved: its split form is the interleaved call on a packed copy.
-  check_pair(Pair<Vek32s, Vek32s>{"Phase_32sc_Sfs",
-                                  [](const Vek32s* re, const Vek32s* im, Vek32s* d, int len, int sf) {
-                                    std::vector<Vek32sc> z(len);
-                                    for (int i = 0; i < len; ++i) z[i] = {re[i], im[i]};
-                                    return veksPhase_32sc_Sfs(z.data(), d, len, sf);
-                                  },
-                                  veksPhase_32sc_Sfs, int_phase, kSfs},
-             25);
+  check_pair(
+      Pair<Vek32s, Vek32s>{"Phase_32sc_Sfs",
+                           [](const Vek32s* re, const Vek32s* im, Vek32s* d, int len, int sf) {
+                             std::vector<Vek32sc> z(len);
+                             for (int i = 0; i < len; ++i) z[i] = {re[i], im[i]};
+                             return veksPhase_32sc_Sfs(z.data(), d, len, sf);
+                           },
+                           veksPhase_32sc_Sfs, int_phase, kSfs},
+      25);
 }
 
 TEST(PowerSpectr, EveryMemberAgainstItsModel) {
-  check_pair(Pair<Vek32f, Vek32f>{"PowerSpectr_32f", no_sf(veksPowerSpectr_32f),
-                                  no_sf(veksPowerSpectr_32fc),
-                                  [](LD re, LD im, float got, int) { return float_within(got, re * re + im * im, 1); }},
-             31);
-  check_pair(Pair<Vek64f, Vek64f>{"PowerSpectr_64f", no_sf(veksPowerSpectr_64f),
-                                  no_sf(veksPowerSpectr_64fc),
-                                  [](LD re, LD im, double got, int) { return ulps(got, re * re + im * im) <= 1; }},
-             32);
-  check_pair(Pair<Vek16s, Vek32f>{"PowerSpectr_16s32f", no_sf(veksPowerSpectr_16s32f),
-                                  no_sf(veksPowerSpectr_16sc32f),
-                                  [](LD re, LD im, float got, int) { return got == static_cast<float>(static_cast<long long>(re * re + im * im)); }},
-             33);
-  check_pair(Pair<Vek16s, Vek16s>{"PowerSpectr_16s_Sfs", veksPowerSpectr_16s_Sfs, veksPowerSpectr_16sc_Sfs,
-                                  [](LD re, LD im, Vek16s got, int sf) { return got == round_sat<Vek16s>(scaled(re * re + im * im, sf)); },
-                                  kSfs},
-             34);
+  check_pair(
+      Pair<Vek32f, Vek32f>{
+          "PowerSpectr_32f", no_sf(veksPowerSpectr_32f), no_sf(veksPowerSpectr_32fc),
+          [](LD re, LD im, float got, int) { return float_within(got, re * re + im * im, 1); }},
+      31);
+  check_pair(
+      Pair<Vek64f, Vek64f>{
+          "PowerSpectr_64f", no_sf(veksPowerSpectr_64f), no_sf(veksPowerSpectr_64fc),
+          [](LD re, LD im, double got, int) { return ulps(got, re * re + im * im) <= 1; }},
+      32);
+  check_pair(
+      Pair<Vek16s, Vek32f>{
+          "PowerSpectr_16s32f", no_sf(veksPowerSpectr_16s32f), no_sf(veksPowerSpectr_16sc32f),
+          [](LD re, LD im, float got, int) {
+            return got == static_cast<float>(static_cast<long long>(re * re + im * im));
+          }},
+      33);
+  check_pair(
+      Pair<Vek16s, Vek16s>{"PowerSpectr_16s_Sfs", veksPowerSpectr_16s_Sfs, veksPowerSpectr_16sc_Sfs,
+                           [](LD re, LD im, Vek16s got, int sf) {
+                             return got == round_sat<Vek16s>(scaled(re * re + im * im, sf));
+                           },
+                           kSfs},
+      34);
 }
 
 // The documented examples and the special values of hypot and atan2.
@@ -198,16 +220,18 @@ TEST(MagnitudePhasePower, SpecialValues) {
     ASSERT_EQ(veksPhase_16sc_Sfs(&z, &s, 1, sf), vekStatusOk);
     EXPECT_EQ(s, want);
   }
-  for (auto [z, sf, want] : {std::tuple{most, 16, 32767}, {most, 17, 16384}, {one, 0, 2}, {big, 0, 32767}}) {
+  for (auto [z, sf, want] :
+       {std::tuple{most, 16, 32767}, {most, 17, 16384}, {one, 0, 2}, {big, 0, 32767}}) {
     ASSERT_EQ(veksPowerSpectr_16sc_Sfs(&z, &s, 1, sf), vekStatusOk);
     EXPECT_EQ(s, want);
   }
   // hypot: no overflow, no underflow, an infinite part wins over a NaN.
   struct H {
     double re, im;
-  } hs[] = {{1e300, 1e300}, {1e-300, 1e-300}, {4.9e-324, 4.9e-324}, {1.2e308, 1e308}, {1.7e308, 1e308},
-            {3e-320, 1e-310}, {-0.0, -0.0},     {inf, nan},         {nan, -inf},
-            {nan, 1},        {1, nan},         {-inf, 0},          {1e200, 1e-200}};
+  } hs[] = {
+      {1e300, 1e300},   {1e-300, 1e-300}, {4.9e-324, 4.9e-324}, {1.2e308, 1e308}, {1.7e308, 1e308},
+      {3e-320, 1e-310}, {-0.0, -0.0},     {inf, nan},           {nan, -inf},      {nan, 1},
+      {1, nan},         {-inf, 0},        {1e200, 1e-200}};
   for (const H& h : hs) {
     double d;
     const Vek64fc z{h.re, h.im};
@@ -216,7 +240,8 @@ TEST(MagnitudePhasePower, SpecialValues) {
     if (std::isnan(want)) {
       EXPECT_TRUE(std::isnan(d)) << h.re << " " << h.im;
     } else {
-      EXPECT_TRUE(want > 0x1.fffffffffffff8p1023L ? d == inf : ulps(d, want) <= 1) << h.re << " " << h.im << ": " << d;
+      EXPECT_TRUE(want > 0x1.fffffffffffff8p1023L ? d == inf : ulps(d, want) <= 1)
+          << h.re << " " << h.im << ": " << d;
     }
     float f;
     const Vek32fc zf{static_cast<float>(h.re), static_cast<float>(h.im)};
@@ -240,7 +265,8 @@ TEST(MagnitudePhasePower, SpecialValues) {
       if (std::isnan(want)) {
         EXPECT_TRUE(std::isnan(d) && std::isnan(f)) << y << " " << x;
       } else {
-        EXPECT_TRUE(same_bits(d, static_cast<double>(want)) || (want != 0 && ulps(d, want) <= 2)) << y << ", " << x << ": " << d;
+        EXPECT_TRUE(same_bits(d, static_cast<double>(want)) || (want != 0 && ulps(d, want) <= 2))
+            << y << ", " << x << ": " << d;
         EXPECT_TRUE(same_bits(f, static_cast<float>(wantf))) << y << ", " << x << ": " << f;
       }
     }

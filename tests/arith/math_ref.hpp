@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <type_traits>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 #include <gtest/gtest.h>
@@ -120,12 +120,14 @@ void expect_checks(const char* name, VekStatus (*fn)(A...)) {
         }
       };
       return fn(arg.template operator()<A>(I)...);
-    }(std::index_sequence_for<A...>{});
+    }
+    (std::index_sequence_for<A...>{});
   };
   for (int sf : {0, INT_MIN, INT_MAX}) {
     for (int len : {4, 1, 0, -1, INT_MIN}) {
       for (size_t k = 0; k < first_int; ++k)
-        EXPECT_EQ(call(k, len, sf), vekStatusNullPtr) << name << ": pointer " << k << ", len " << len;
+        EXPECT_EQ(call(k, len, sf), vekStatusNullPtr)
+            << name << ": pointer " << k << ", len " << len;
       if (len < 1) {
         EXPECT_EQ(call(n, len, sf), vekStatusBadSize) << name << ": len " << len;
       }

@@ -75,14 +75,16 @@ TYPED_TEST(PolarTest, CartToPolarIsMagnitudeAndPhase) {
     ASSERT_EQ(P::phase(re.data(), im.data(), p3.data(), len), vekStatusOk);
     ASSERT_TRUE(same_values(m1.data(), m3.data(), len) && same_values(m2.data(), m3.data(), len));
     ASSERT_TRUE(same_values(p1.data(), p3.data(), len) && same_values(p2.data(), p3.data(), len));
-    ASSERT_TRUE(m1.guards_intact() && p1.guards_intact() && m2.guards_intact() && p2.guards_intact());
+    ASSERT_TRUE(m1.guards_intact() && p1.guards_intact() && m2.guards_intact() &&
+                p2.guards_intact());
     ASSERT_EQ(P::to_polar(re.data(), im.data(), re.data(), im.data(), len), vekStatusOk);
     ASSERT_TRUE(same_values(re.data(), m3.data(), len) && same_values(im.data(), p3.data(), len));
   }
   const C z[2] = {{0, 2}, {-1, F(-0.0)}};
   F m[2], p[2];
   ASSERT_EQ(P::to_polar_c(z, m, p, 2), vekStatusOk);
-  EXPECT_TRUE(m[0] == 2 && p[0] == F(1.5707963267948966L) && m[1] == 1 && p[1] == F(-3.14159265358979323846L));
+  EXPECT_TRUE(m[0] == 2 && p[0] == F(1.5707963267948966L) && m[1] == 1 &&
+              p[1] == F(-3.14159265358979323846L));
 }
 
 // Phases up to 2^k for growing k, including 1e6, 1e15 and the largest finite values, random
@@ -94,9 +96,18 @@ TYPED_TEST(PolarTest, PolarToCartWithinBoundForEveryFinitePhase) {
   using C = typename P::C;
   Rng rng{51};
   constexpr int emax = std::numeric_limits<F>::max_exponent - 1;
-  std::vector<F> phases = {F(1e6), F(-1e6), F(1e15), F(1.5707963267948966), F(3.141592653589793),
-                           F(-0.0), 0, std::numeric_limits<F>::max(), -std::numeric_limits<F>::max(),
-                           std::numeric_limits<F>::denorm_min(), F(0x1p30), F(0x1.fffffp29)};
+  std::vector<F> phases = {F(1e6),
+                           F(-1e6),
+                           F(1e15),
+                           F(1.5707963267948966),
+                           F(3.141592653589793),
+                           F(-0.0),
+                           0,
+                           std::numeric_limits<F>::max(),
+                           -std::numeric_limits<F>::max(),
+                           std::numeric_limits<F>::denorm_min(),
+                           F(0x1p30),
+                           F(0x1.fffffp29)};
   for (int k = -30; k <= emax; ++k)
     for (int j = 0; j < 40; ++j) phases.push_back(rng.wide<F>(k, k));
   for (int j = 0; j < 4000; ++j) phases.push_back(static_cast<F>((rng.unit() - 0.5) * 20));
@@ -116,10 +127,12 @@ TYPED_TEST(PolarTest, PolarToCartWithinBoundForEveryFinitePhase) {
     const LD ec = std::fabs(re[i] - a * std::cos(t)) / std::fabs(a);
     const LD es = std::fabs(im[i] - a * std::sin(t)) / std::fabs(a);
     worst = std::max({worst, ec, es});
-    ASSERT_TRUE(ec <= P::bound && es <= P::bound) << "r " << r[i] << ", phase " << ph[i] << ": " << re[i] << ", " << im[i];
+    ASSERT_TRUE(ec <= P::bound && es <= P::bound)
+        << "r " << r[i] << ", phase " << ph[i] << ": " << re[i] << ", " << im[i];
     ASSERT_TRUE(same_bits(z[i].re, re[i]) && same_bits(z[i].im, im[i])) << ph[i];
   }
-  ::testing::Test::RecordProperty("worst_relative", testing::PrintToString(static_cast<double>(worst)));
+  ::testing::Test::RecordProperty("worst_relative",
+                                  testing::PrintToString(static_cast<double>(worst)));
   // Every length 1..130 through both forms, in place on the source vectors as well.
   for (int n = 1; n <= 130; ++n) {
     Guarded<F> a(n, (n % 8) * sizeof(F)), b(n), x(n), y(n);

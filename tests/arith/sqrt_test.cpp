@@ -21,7 +21,8 @@ using roots_test::Rng;
 using roots_test::same_bits;
 using veks_test::Guarded;
 
-constexpr int kSfs[] = {INT_MIN, -40, -17, -16, -9, -2, -1, 0, 1, 2, 5, 8, 9, 15, 16, 17, 40, INT_MAX};
+constexpr int kSfs[] = {INT_MIN, -40, -17, -16, -9, -2, -1, 0,  1,
+                        2,       5,   8,   9,   15, 16, 17, 40, INT_MAX};
 
 // ---- real floating point ----------------------------------------------------------------------
 
@@ -49,8 +50,13 @@ TYPED_TEST_SUITE(RealSqrt, RealTypes);
 TYPED_TEST(RealSqrt, CorrectlyRoundedWithNaNAndWarningForNegatives) {
   using F = TypeParam;
   constexpr F inf = std::numeric_limits<F>::infinity();
-  const F specials[] = {F(-0.0), F(0), inf, -inf, std::numeric_limits<F>::quiet_NaN(),
-                        std::numeric_limits<F>::denorm_min(), std::numeric_limits<F>::max()};
+  const F specials[] = {F(-0.0),
+                        F(0),
+                        inf,
+                        -inf,
+                        std::numeric_limits<F>::quiet_NaN(),
+                        std::numeric_limits<F>::denorm_min(),
+                        std::numeric_limits<F>::max()};
   Rng rng{1};
   constexpr int emax = std::numeric_limits<F>::max_exponent - 1;
   constexpr int emin = std::numeric_limits<F>::min_exponent - std::numeric_limits<F>::digits;
@@ -241,13 +247,27 @@ TYPED_TEST(ComplexSqrt, SpecialValues) {
   const F inf = std::numeric_limits<F>::infinity(), nan = std::numeric_limits<F>::quiet_NaN();
   struct Case {
     F a, b, wr, wi;
-  } cases[] = {
-      {-4, 0, 0, 2},          {-4, F(-0.0), 0, -2},    {3, 4, 2, 1},          {3, -4, 2, -1},
-      {0, 0, 0, 0},           {F(-0.0), 0, 0, 0},      {0, F(-0.0), 0, F(-0.0)},
-      {F(-0.0), F(-0.0), 0, F(-0.0)},                  {1, inf, inf, inf},    {nan, -inf, inf, -inf},
-      {-inf, -inf, inf, -inf}, {-inf, 2, 0, inf},      {-inf, -2, 0, -inf},   {inf, 2, inf, 0},
-      {inf, -2, inf, F(-0.0)}, {inf, nan, inf, nan},   {nan, 1, nan, nan},    {1, nan, nan, nan},
-      {nan, nan, nan, nan},   {4, 0, 2, 0},            {-1, 0, 0, 1}};
+  } cases[] = {{-4, 0, 0, 2},
+               {-4, F(-0.0), 0, -2},
+               {3, 4, 2, 1},
+               {3, -4, 2, -1},
+               {0, 0, 0, 0},
+               {F(-0.0), 0, 0, 0},
+               {0, F(-0.0), 0, F(-0.0)},
+               {F(-0.0), F(-0.0), 0, F(-0.0)},
+               {1, inf, inf, inf},
+               {nan, -inf, inf, -inf},
+               {-inf, -inf, inf, -inf},
+               {-inf, 2, 0, inf},
+               {-inf, -2, 0, -inf},
+               {inf, 2, inf, 0},
+               {inf, -2, inf, F(-0.0)},
+               {inf, nan, inf, nan},
+               {nan, 1, nan, nan},
+               {1, nan, nan, nan},
+               {nan, nan, nan, nan},
+               {4, 0, 2, 0},
+               {-1, 0, 0, 1}};
   for (const Case& c : cases) {
     C z{c.a, c.b}, w{};
     ASSERT_EQ(CplxRoot<C>::out(&z, &w, 1), vekStatusOk);
@@ -265,8 +285,8 @@ TYPED_TEST(ComplexSqrt, SpecialValues) {
 // Integer parts: each part R_16s(part * 2^-sf) of the long-double root (either neighbour within
 // 1e-9 of a half-integer); no warning for negative real parts.
 TEST(ComplexSqrt16sc, RoundsEachPartThroughTheScaleFactor) {
-  std::vector<Vek16sc> zs = {{-4, 0}, {3, 4}, {0, 0}, {-32768, -32768}, {32767, 32767},
-                             {-32768, 0}, {0, -1}, {1, 0}, {-1, 0}, {5, -12}};
+  std::vector<Vek16sc> zs = {{-4, 0},     {3, 4},  {0, 0}, {-32768, -32768}, {32767, 32767},
+                             {-32768, 0}, {0, -1}, {1, 0}, {-1, 0},          {5, -12}};
   Rng rng{4};
   for (int i = 0; i < 3000; ++i)
     zs.push_back({static_cast<Vek16s>(rng.next()), static_cast<Vek16s>(rng.next() >> 7)});
@@ -364,7 +384,8 @@ TEST_F(ThreadCount, SplitResultsEqualSerialResults) {
       for (int where : {0, 1, 2}) {  // no negative; one per half; only in the last half
         std::vector<unsigned char> src(len * m.src_size);
         for (int i = 0; i < len; ++i) {
-          const bool neg = (where == 1 && (i == 3 || i == len / 2 + 1)) || (where == 2 && i == len - 2);
+          const bool neg =
+              (where == 1 && (i == 3 || i == len / 2 + 1)) || (where == 2 && i == len - 2);
           m.fill(src.data(), i, neg);
         }
         const VekStatus want = m.warns && where ? vekStatusWarnNegSqrt : vekStatusOk;
@@ -384,7 +405,8 @@ TEST_F(ThreadCount, SplitResultsEqualSerialResults) {
   }
 }
 
-// ---- argument checks -----------------------------------------------------------------------------
+// ---- argument checks
+// -----------------------------------------------------------------------------
 
 TEST(SqrtChecks, PointersThenLengthAndNothingWritten) {
   using roots_test::expect_checks;
