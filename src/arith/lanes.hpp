@@ -5,7 +5,9 @@
 // is read or written.
 #pragma once
 
-#include <immintrin.h>
+// clang-format off
+#include "arith/intrin.hpp"  // first: before anything else includes <immintrin.h>
+// clang-format on
 
 #include <bit>
 #include <climits>

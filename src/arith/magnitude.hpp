@@ -3,7 +3,9 @@
 // split and interleaved sources go through the same kernel, so they give identical results.
 #pragma once
 
-#include <immintrin.h>
+// clang-format off
+#include "arith/intrin.hpp"  // first: before anything else includes <immintrin.h>
+// clang-format on
 
 #include <type_traits>
 

@@ -3,7 +3,9 @@
 // with an exact argument reduction, so every finite phase keeps the accuracy.
 #pragma once
 
-#include <immintrin.h>
+// clang-format off
+#include "arith/intrin.hpp"  // first: before anything else includes <immintrin.h>
+// clang-format on
 
 #include "arith/lanes.hpp"
 #include "arith/magnitude.hpp"

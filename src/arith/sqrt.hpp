@@ -2,7 +2,9 @@
 // principal complex roots, and integer roots stored as R_T(sqrt(x) * 2^-sf).
 #pragma once
 
-#include <immintrin.h>
+// clang-format off
+#include "arith/intrin.hpp"  // first: before anything else includes <immintrin.h>
+// clang-format on
 
 #include <type_traits>
 

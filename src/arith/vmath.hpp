@@ -4,7 +4,9 @@
 // AVX-512; special values follow C99 Annex F.
 #pragma once
 
-#include <immintrin.h>
+// clang-format off
+#include "arith/intrin.hpp"  // first: before anything else includes <immintrin.h>
+// clang-format on
 
 #include <cstdint>
 

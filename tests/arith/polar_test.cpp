@@ -112,8 +112,8 @@ TYPED_TEST(PolarTest, PolarToCartWithinBoundForEveryFinitePhase) {
     for (int j = 0; j < 40; ++j) phases.push_back(rng.wide<F>(k, k));
   for (int j = 0; j < 4000; ++j) phases.push_back(static_cast<F>((rng.unit() - 0.5) * 20));
   const int len = static_cast<int>(phases.size());
-  Guarded<F> r(len, 4), re(len, 8), im(len), ph(len);
-  Guarded<C> z(len, 8);
+  Guarded<F> r(len, sizeof(F)), re(len, 2 * sizeof(F)), im(len), ph(len);
+  Guarded<C> z(len, sizeof(F));
   for (int i = 0; i < len; ++i) {
     r[i] = i % 7 == 0 ? F(1) : rng.wide<F>(-20, 20);
     ph[i] = phases[i];
