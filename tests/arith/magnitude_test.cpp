@@ -1,0 +1,349 @@
+// Magnitude, phase and power spectrum against long-double and exact-integer models: every member
+// on every length 1..130, split and interleaved forms bit for bit equal, the documented special
+// values, the threaded members against their serial results, and the argument checks.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <functional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "arith/math_ref.hpp"
+#include "support/guarded.hpp"
+#include "vekcore.h"
+#include "veks.h"
+
+namespace {
+
+using roots_test::Rng;
+using roots_test::round_sat;
+using roots_test::same_bits;
+using roots_test::ulps;
+using veks_test::Guarded;
+using LD = long double;
+
+template <class P>
+struct Cplx;
+template <>
+struct Cplx<Vek16s> {
+  using type = Vek16sc;
+};
+template <>
+struct Cplx<Vek32s> {
+  using type = Vek32sc;
+};
+template <>
+struct Cplx<Vek32f> {
+  using type = Vek32fc;
+};
+template <>
+struct Cplx<Vek64f> {
+  using type = Vek64fc;
+};
+
+// A source value of type P: wide exponents for floating point, full range for integers, with
+// zeros, equal parts and extremes mixed in.
+template <class P>
+P sample(Rng& rng) {
+  if (rng.next() % 10 == 0) return P(0);
+  if constexpr (std::is_floating_point_v<P>) {
+    constexpr int emin = std::numeric_limits<P>::min_exponent - std::numeric_limits<P>::digits;
+    return rng.wide<P>(emin, std::numeric_limits<P>::max_exponent / 2 - 2);
+  } else {
+    if (rng.next() % 10 == 0)
+      return rng.next() & 1 ? std::numeric_limits<P>::min() : std::numeric_limits<P>::max();
+    return static_cast<P>(rng.next() >> (64 - 8 * sizeof(P) + rng.next() % (8 * sizeof(P))));
+  }
+}
+
+// One member in its split and interleaved forms (sf is ignored by members without one).
+template <class P, class TD>
+struct Pair {
+  const char* name;
+  std::function<VekStatus(const P*, const P*, TD*, int, int)> split;
+  std::function<VekStatus(const typename Cplx<P>::type*, TD*, int, int)> inter;
+  std::function<bool(LD re, LD im, TD got, int sf)> ok;
+  std::vector<int> sfs = {0};
+};
+
+template <class... A>
+auto no_sf(VekStatus (*f)(A...)) {
+  return [f](A... a, int) { return f(a...); };
+}
+
+// Every length 1..130 at moving misalignments: both forms agree bit for bit, every element
+// passes the member's model, nothing outside the destination changes.
+template <class P, class TD>
+void check_pair(const Pair<P, TD>& m, uint64_t seed) {
+  using C = typename Cplx<P>::type;
+  Rng rng{seed};
+  for (int sf : m.sfs) {
+    for (int len = 1; len <= 130; ++len) {
+      Guarded<P> re(len, (len % 8) * sizeof(P)), im(len);
+      Guarded<C> z(len, (len % 4) * sizeof(P));
+      Guarded<TD> d1(len, (len % 16) * sizeof(TD) % 64), d2(len, sizeof(TD));
+      for (int i = 0; i < len; ++i) {
+        re[i] = sample<P>(rng);
+        im[i] = rng.next() % 8 == 0 ? re[i] : sample<P>(rng);
+        z[i] = C{re[i], im[i]};
+      }
+      ASSERT_EQ(m.split(re.data(), im.data(), d1.data(), len, sf), vekStatusOk) << m.name;
+      ASSERT_EQ(m.inter(z.data(), d2.data(), len, sf), vekStatusOk) << m.name;
+      ASSERT_EQ(std::memcmp(d1.data(), d2.data(), len * sizeof(TD)), 0) << m.name << " len " << len;
+      ASSERT_TRUE(d1.guards_intact() && d2.guards_intact()) << m.name;
+      for (int i = 0; i < len; ++i)
+        ASSERT_TRUE(m.ok(re[i], im[i], d1[i], sf))
+            << m.name << " (" << +re[i] << ", " << +im[i] << ") sf " << sf << " gave " << +d1[i];
+    }
+  }
+}
+
+const std::vector<int> kSfs = {INT_MIN, -31, -16, -13, -5, -1, 0,  1,
+                               2,       7,   15,  16,  17, 31, 32, INT_MAX};
+
+bool exact_or_neighbour(LD v, long long got, long long want) {
+  return got == want || (roots_test::near_half(v) && std::llabs(got - want) == 1);
+}
+LD scaled(LD v, int sf) { return std::ldexp(v, -std::clamp(sf, -200, 200)); }
+
+// binary32 result of a value computed to more precision: within 1 ulp, overflow to infinity
+// allowed where the value is beyond the binary32 range.
+bool float_within(float got, LD v, LD bound) {
+  if (std::isinf(got)) return v > 0x1.fffffep127L;
+  return ulps(got, v) <= bound;
+}
+
+TEST(Magnitude, EveryMemberAgainstItsModel) {
+  check_pair(
+      Pair<Vek32f, Vek32f>{
+          "Magnitude_32f", no_sf(veksMagnitude_32f), no_sf(veksMagnitude_32fc),
+          [](LD re, LD im, float got, int) { return float_within(got, std::hypot(re, im), 1); }},
+      11);
+  check_pair(
+      Pair<Vek64f, Vek64f>{
+          "Magnitude_64f", no_sf(veksMagnitude_64f), no_sf(veksMagnitude_64fc),
+          [](LD re, LD im, double got, int) { return ulps(got, std::hypot(re, im)) <= 1; }},
+      12);
+  check_pair(Pair<Vek16s, Vek32f>{"Magnitude_16s32f", no_sf(veksMagnitude_16s32f),
+                                  no_sf(veksMagnitude_16sc32f),
+                                  [](LD re, LD im, float got, int) {
+                                    return got == static_cast<float>(std::sqrt(re * re + im * im));
+                                  }},
+             13);
+  check_pair(
+      Pair<Vek16s, Vek16s>{"Magnitude_16s_Sfs", veksMagnitude_16s_Sfs, veksMagnitude_16sc_Sfs,
+                           [](LD re, LD im, Vek16s got, int sf) {
+                             return got == roots_test::exact_root<Vek16s>(
+                                               static_cast<uint64_t>(re * re + im * im), sf);
+                           },
+                           kSfs},
+      14);
+}
+
+TEST(Phase, EveryMemberAgainstItsModel) {
+  check_pair(Pair<Vek32f, Vek32f>{"Phase_32f", no_sf(veksPhase_32f), no_sf(veksPhase_32fc),
+                                  [](LD re, LD im, float got, int) {
+                                    return ulps(got, std::atan2(im, re)) <= 1;
+                                  }},
+             21);
+  check_pair(Pair<Vek64f, Vek64f>{"Phase_64f", no_sf(veksPhase_64f), no_sf(veksPhase_64fc),
+                                  [](LD re, LD im, double got, int) {
+                                    return ulps(got, std::atan2(im, re)) <= 2;
+                                  }},
+             22);
+  check_pair(Pair<Vek16s, Vek32f>{"Phase_16s32f", no_sf(veksPhase_16s32f), no_sf(veksPhase_16sc32f),
+                                  [](LD re, LD im, float got, int) {
+                                    return ulps(got, std::atan2(im, re)) <= 1;
+                                  }},
+             23);
+  const auto int_phase = [](LD re, LD im, auto got, int sf) {
+    const LD v = scaled(std::atan2(im, re), sf);
+    return exact_or_neighbour(v, got, round_sat<decltype(got)>(v));
+  };
+  check_pair(
+      Pair<Vek16s, Vek16s>{"Phase_16s_Sfs", veksPhase_16s_Sfs, veksPhase_16sc_Sfs, int_phase, kSfs},
+      24);
+  // 32sc exists only interleaved: its split form is the interleaved call on a packed copy.
+  check_pair(
+      Pair<Vek32s, Vek32s>{"Phase_32sc_Sfs",
+                           [](const Vek32s* re, const Vek32s* im, Vek32s* d, int len, int sf) {
+                             std::vector<Vek32sc> z(len);
+                             for (int i = 0; i < len; ++i) z[i] = {re[i], im[i]};
+                             return veksPhase_32sc_Sfs(z.data(), d, len, sf);
+                           },
+                           veksPhase_32sc_Sfs, int_phase, kSfs},
+      25);
+}
+
+TEST(PowerSpectr, EveryMemberAgainstItsModel) {
+  check_pair(
+      Pair<Vek32f, Vek32f>{
+          "PowerSpectr_32f", no_sf(veksPowerSpectr_32f), no_sf(veksPowerSpectr_32fc),
+          [](LD re, LD im, float got, int) { return float_within(got, re * re + im * im, 1); }},
+      31);
+  check_pair(
+      Pair<Vek64f, Vek64f>{
+          "PowerSpectr_64f", no_sf(veksPowerSpectr_64f), no_sf(veksPowerSpectr_64fc),
+          [](LD re, LD im, double got, int) { return ulps(got, re * re + im * im) <= 1; }},
+      32);
+  check_pair(
+      Pair<Vek16s, Vek32f>{
+          "PowerSpectr_16s32f", no_sf(veksPowerSpectr_16s32f), no_sf(veksPowerSpectr_16sc32f),
+          [](LD re, LD im, float got, int) {
+            return got == static_cast<float>(static_cast<long long>(re * re + im * im));
+          }},
+      33);
+  check_pair(
+      Pair<Vek16s, Vek16s>{"PowerSpectr_16s_Sfs", veksPowerSpectr_16s_Sfs, veksPowerSpectr_16sc_Sfs,
+                           [](LD re, LD im, Vek16s got, int sf) {
+                             return got == round_sat<Vek16s>(scaled(re * re + im * im, sf));
+                           },
+                           kSfs},
+      34);
+}
+
+// The documented examples and the special values of hypot and atan2.
+TEST(MagnitudePhasePower, SpecialValues) {
+  const double inf = HUGE_VAL, nan = NAN;
+  Vek16s s;
+  const Vek16sc p34{3, 4}, most{-32768, -32768}, neg1{-1, 0}, zero{0, 0}, one{1, 1}, big{181, 182};
+  const Vek16s mre = -32768, mim = -32768;
+  for (auto [z, sf, want] : {std::tuple{p34, 0, 5}, {most, 0, 32767}, {most, 1, 23170}}) {
+    ASSERT_EQ(veksMagnitude_16sc_Sfs(&z, &s, 1, sf), vekStatusOk);
+    EXPECT_EQ(s, want);
+  }
+  ASSERT_EQ(veksMagnitude_16s_Sfs(&mre, &mim, &s, 1, 1), vekStatusOk);
+  EXPECT_EQ(s, 23170);
+  for (auto [z, sf, want] : {std::tuple{neg1, -13, 25736}, {zero, -13, 0}}) {
+    ASSERT_EQ(veksPhase_16sc_Sfs(&z, &s, 1, sf), vekStatusOk);
+    EXPECT_EQ(s, want);
+  }
+  for (auto [z, sf, want] :
+       {std::tuple{most, 16, 32767}, {most, 17, 16384}, {one, 0, 2}, {big, 0, 32767}}) {
+    ASSERT_EQ(veksPowerSpectr_16sc_Sfs(&z, &s, 1, sf), vekStatusOk);
+    EXPECT_EQ(s, want);
+  }
+  // hypot: no overflow, no underflow, an infinite part wins over a NaN.
+  struct H {
+    double re, im;
+  } hs[] = {
+      {1e300, 1e300},   {1e-300, 1e-300}, {4.9e-324, 4.9e-324}, {1.2e308, 1e308}, {1.7e308, 1e308},
+      {3e-320, 1e-310}, {-0.0, -0.0},     {inf, nan},           {nan, -inf},      {nan, 1},
+      {1, nan},         {-inf, 0},        {1e200, 1e-200}};
+  for (const H& h : hs) {
+    double d;
+    const Vek64fc z{h.re, h.im};
+    ASSERT_EQ(veksMagnitude_64fc(&z, &d, 1), vekStatusOk);
+    const LD want = std::hypot(static_cast<LD>(h.re), static_cast<LD>(h.im));
+    if (std::isnan(want)) {
+      EXPECT_TRUE(std::isnan(d)) << h.re << " " << h.im;
+    } else {
+      EXPECT_TRUE(want > 0x1.fffffffffffff8p1023L ? d == inf : ulps(d, want) <= 1)
+          << h.re << " " << h.im << ": " << d;
+    }
+    float f;
+    const Vek32fc zf{static_cast<float>(h.re), static_cast<float>(h.im)};
+    ASSERT_EQ(veksMagnitude_32fc(&zf, &f, 1), vekStatusOk);
+    const LD wf = std::hypot(static_cast<LD>(zf.re), static_cast<LD>(zf.im));
+    EXPECT_TRUE(std::isnan(wf) ? std::isnan(f) : float_within(f, wf, 1)) << zf.re << " " << zf.im;
+  }
+  EXPECT_EQ(std::hypot(1e300, 1e300), 1.4142135623730951e300);  // the documented value
+  // atan2 conventions: signed zeros, infinities, NaN, in both precisions and both forms.
+  const double zs[] = {0.0, -0.0, 1.0, -1.0, inf, -inf, nan, 1e-310, -3e300};
+  for (double y : zs) {
+    for (double x : zs) {
+      const LD want = std::atan2(static_cast<LD>(y), static_cast<LD>(x));
+      double d;
+      float f;
+      const Vek64fc z{x, y};
+      const Vek32fc zf{static_cast<float>(x), static_cast<float>(y)};
+      ASSERT_EQ(veksPhase_64fc(&z, &d, 1), vekStatusOk);
+      ASSERT_EQ(veksPhase_32fc(&zf, &f, 1), vekStatusOk);
+      const LD wantf = std::atan2(static_cast<LD>(zf.im), static_cast<LD>(zf.re));
+      if (std::isnan(want)) {
+        EXPECT_TRUE(std::isnan(d) && std::isnan(f)) << y << " " << x;
+      } else {
+        EXPECT_TRUE(same_bits(d, static_cast<double>(want)) || (want != 0 && ulps(d, want) <= 2))
+            << y << ", " << x << ": " << d;
+        EXPECT_TRUE(same_bits(f, static_cast<float>(wantf))) << y << ", " << x << ": " << f;
+      }
+    }
+  }
+  const Vek32fc m1p0{-1, 0}, m1m0{-1, -0.0f};
+  float f;
+  ASSERT_EQ(veksPhase_32fc(&m1p0, &f, 1), vekStatusOk);
+  EXPECT_EQ(f, 3.1415927f);
+  ASSERT_EQ(veksPhase_32fc(&m1m0, &f, 1), vekStatusOk);
+  EXPECT_EQ(f, -3.1415927f);
+  const Vek32f hugef = 3e38f, zerof = 0;
+  ASSERT_EQ(veksPowerSpectr_32f(&hugef, &zerof, &f, 1), vekStatusOk);
+  EXPECT_EQ(f, HUGE_VALF);
+}
+
+// The threaded members with 2047 and 2048 elements, one and two threads: identical bytes.
+TEST(MagnitudeThreads, SplitResultsEqualSerialResults) {
+  int saved = 1;
+  vekGetNumThreads(&saved);
+  Rng rng{40};
+  std::vector<Vek32fc> zf(2048);
+  std::vector<Vek16sc> zs(2048);
+  std::vector<Vek16s> re(2048), im(2048);
+  for (int i = 0; i < 2048; ++i) {
+    zf[i] = {sample<float>(rng), sample<float>(rng)};
+    zs[i] = {sample<Vek16s>(rng), sample<Vek16s>(rng)};
+    re[i] = zs[i].re;
+    im[i] = zs[i].im;
+  }
+  for (int len : {2047, 2048}) {
+    std::vector<float> f[2];
+    std::vector<Vek16s> a[2], b[2];
+    for (int t : {1, 2}) {
+      ASSERT_EQ(vekSetNumThreads(t), vekStatusOk);
+      f[t - 1].assign(len, 0);
+      a[t - 1].assign(len, 0);
+      b[t - 1].assign(len, 0);
+      ASSERT_EQ(veksMagnitude_32fc(zf.data(), f[t - 1].data(), len), vekStatusOk);
+      ASSERT_EQ(veksMagnitude_16sc_Sfs(zs.data(), a[t - 1].data(), len, -1), vekStatusOk);
+      ASSERT_EQ(veksMagnitude_16s_Sfs(re.data(), im.data(), b[t - 1].data(), len, 1), vekStatusOk);
+    }
+    EXPECT_EQ(std::memcmp(f[0].data(), f[1].data(), len * sizeof(float)), 0) << len;
+    EXPECT_EQ(a[0], a[1]) << len;
+    EXPECT_EQ(b[0], b[1]) << len;
+  }
+  vekSetNumThreads(saved);
+}
+
+TEST(MagnitudePhasePower, PointersThenLengthAndNothingWritten) {
+  using roots_test::expect_checks;
+#define VEKS_CHECKS(fn) expect_checks(#fn, fn)
+  VEKS_CHECKS(veksMagnitude_32f);
+  VEKS_CHECKS(veksMagnitude_64f);
+  VEKS_CHECKS(veksMagnitude_32fc);
+  VEKS_CHECKS(veksMagnitude_64fc);
+  VEKS_CHECKS(veksMagnitude_16s32f);
+  VEKS_CHECKS(veksMagnitude_16sc32f);
+  VEKS_CHECKS(veksMagnitude_16s_Sfs);
+  VEKS_CHECKS(veksMagnitude_16sc_Sfs);
+  VEKS_CHECKS(veksPhase_32f);
+  VEKS_CHECKS(veksPhase_64f);
+  VEKS_CHECKS(veksPhase_32fc);
+  VEKS_CHECKS(veksPhase_64fc);
+  VEKS_CHECKS(veksPhase_16s32f);
+  VEKS_CHECKS(veksPhase_16sc32f);
+  VEKS_CHECKS(veksPhase_16s_Sfs);
+  VEKS_CHECKS(veksPhase_16sc_Sfs);
+  VEKS_CHECKS(veksPhase_32sc_Sfs);
+  VEKS_CHECKS(veksPowerSpectr_32f);
+  VEKS_CHECKS(veksPowerSpectr_64f);
+  VEKS_CHECKS(veksPowerSpectr_32fc);
+  VEKS_CHECKS(veksPowerSpectr_64fc);
+  VEKS_CHECKS(veksPowerSpectr_16s32f);
+  VEKS_CHECKS(veksPowerSpectr_16sc32f);
+  VEKS_CHECKS(veksPowerSpectr_16s_Sfs);
+  VEKS_CHECKS(veksPowerSpectr_16sc_Sfs);
+#undef VEKS_CHECKS
+}
+
+}  // namespace
