@@ -81,6 +81,9 @@ struct Cx<double> {
 template <class T, bool Conj>
 inline typename Cx<T>::V product(typename Cx<T>::V x, typename Cx<T>::V y) {
   using X = Cx<T>;
+  // Keep both operands in registers: the compiler would otherwise read each again as a memory
+  // operand of every shuffle and multiply using it, and the loads bound this loop.
+  __asm__("" : "+v"(x), "+v"(y));
   const auto xs = X::swap(x), yi = X::im(y);
   const auto t = X::mul(xs, yi);
   if constexpr (Conj) {
@@ -104,22 +107,16 @@ template <class T, bool Conj, bool Stream>
 inline size_t mul_body(const T* a, const T* b, T* d, size_t j, size_t m) {
   using X = Cx<T>;
   constexpr size_t P = X::kPer, S = 2 * P;  // complex values and T per vector
-  for (; j + 4 * P <= m; j += 4 * P) {
+  for (; j + 2 * P <= m; j += 2 * P) {
     const size_t i = 2 * j;
     const auto r0 = product<T, Conj>(X::load(a + i), X::load(b + i));
     const auto r1 = product<T, Conj>(X::load(a + i + S), X::load(b + i + S));
-    const auto r2 = product<T, Conj>(X::load(a + i + 2 * S), X::load(b + i + 2 * S));
-    const auto r3 = product<T, Conj>(X::load(a + i + 3 * S), X::load(b + i + 3 * S));
     if constexpr (Stream) {
       X::stream(d + i, r0);
       X::stream(d + i + S, r1);
-      X::stream(d + i + 2 * S, r2);
-      X::stream(d + i + 3 * S, r3);
     } else {
       X::store(d + i, r0);
       X::store(d + i + S, r1);
-      X::store(d + i + 2 * S, r2);
-      X::store(d + i + 3 * S, r3);
     }
   }
   if constexpr (Stream) _mm_sfence();
