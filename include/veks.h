@@ -89,7 +89,8 @@ typedef struct {
 
 /* ==== Conjugation and packed-spectrum arithmetic ==== */
 /* Packed spectra of a real signal of length N = len: real numbers at position 0 and, for even N, at N - 1 (Pack) or 1 (Perm); the positions between hold (re, im) pairs. For odd N Perm equals Pack; for N = 1 and N = 2 every position is real. */
-/* Pair products: each component is one fused multiply-add of one rounded product (within 1 ulp of |ac| + |bd|, resp. |ad| + |bc|); real positions are correctly rounded products. pDst may equal either source. */
+/* Pair products: each component is one fused multiply-add of one rounded product, within 1 ulp of |ac| + |bd| (resp. |ad| + |bc|); MulPackConj also adds that product's rounding error back, so a spectrum times its own conjugate has imaginary parts of exactly 0. Real positions are correctly rounded products. */
+/* The _I forms give bit for bit the out-of-place result with pSrc1 = pSrc and pSrc2 = pSrcDst; pDst may equal either source. Out-of-place products whose three vectors together exceed the largest cache write pDst with non-temporal stores. */
 /* pDst = pSrc1 * pSrc2, two spectra of length len in the Pack layout. */
 VEKS_API VekStatus veksMulPack_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
 /* pDst = pSrc1 * pSrc2, two spectra of length len in the Pack layout. */

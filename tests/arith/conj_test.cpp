@@ -103,30 +103,20 @@ bool same_bytes(const T* a, const T* b, size_t n) {
 
 template <class T>
 struct Spectra;
-template <>
-struct Spectra<float> {
-  using C = Vek32fc;
-  static constexpr auto mul_pack = veksMulPack_32f;
-  static constexpr auto mul_pack_i = veksMulPack_32f_I;
-  static constexpr auto mul_perm = veksMulPerm_32f;
-  static constexpr auto mul_perm_i = veksMulPerm_32f_I;
-  static constexpr auto mul_pack_conj_i = veksMulPackConj_32f_I;
-  static constexpr auto conj_pack = veksConjPack_32f;
-  static constexpr auto conj_perm = veksConjPerm_32f;
-  static constexpr auto conj_ccs = veksConjCCS_32f;
-};
-template <>
-struct Spectra<double> {
-  using C = Vek64fc;
-  static constexpr auto mul_pack = veksMulPack_64f;
-  static constexpr auto mul_pack_i = veksMulPack_64f_I;
-  static constexpr auto mul_perm = veksMulPerm_64f;
-  static constexpr auto mul_perm_i = veksMulPerm_64f_I;
-  static constexpr auto mul_pack_conj_i = veksMulPackConj_64f_I;
-  static constexpr auto conj_pack = veksConjPack_64f;
-  static constexpr auto conj_perm = veksConjPerm_64f;
-  static constexpr auto conj_ccs = veksConjCCS_64f;
-};
+#define VEKS_SPECTRA(T, S)                                                            \
+  template <>                                                                         \
+  struct Spectra<T> {                                                                 \
+    using C = Vek##S##c;                                                              \
+    static constexpr auto mul_pack = veksMulPack_##S, mul_perm = veksMulPerm_##S;     \
+    static constexpr auto mul_pack_i = veksMulPack_##S##_I;                           \
+    static constexpr auto mul_perm_i = veksMulPerm_##S##_I;                           \
+    static constexpr auto mul_pack_conj_i = veksMulPackConj_##S##_I;                  \
+    static constexpr auto conj_pack = veksConjPack_##S, conj_perm = veksConjPerm_##S; \
+    static constexpr auto conj_ccs = veksConjCCS_##S;                                 \
+  };
+VEKS_SPECTRA(float, 32f)
+VEKS_SPECTRA(double, 64f)
+#undef VEKS_SPECTRA
 
 template <class T>
 class Spectrum : public ::testing::Test {};
