@@ -629,6 +629,63 @@ VEKS_API VekStatus veksPolarToCart_32f32fc(const Vek32f* pSrcMagn, const Vek32f*
 /* re = r cos(phase), im = r sin(phase), interleaved. */
 VEKS_API VekStatus veksPolarToCart_64f64fc(const Vek64f* pSrcMagn, const Vek64f* pSrcPhase, Vek64fc* pDst, int len);
 
+/* ==== Conjugation and packed-spectrum arithmetic ==== */
+/* Packed spectra of a real signal of length N = len: real numbers at position 0 and, for even N, at N - 1 (Pack) or 1 (Perm); the positions between hold (re, im) pairs. For odd N Perm equals Pack; for N = 1 and N = 2 every position is real. */
+/* Pair products: each component is one fused multiply-add of one rounded product, within 1 ulp of |ac| + |bd| (resp. |ad| + |bc|); MulPackConj also adds that product's rounding error back, so a spectrum times its own conjugate has imaginary parts of exactly 0. Real positions are correctly rounded products. */
+/* The _I forms give bit for bit the out-of-place result with pSrc1 = pSrc and pSrc2 = pSrcDst; pDst may equal either source. Out-of-place products whose three vectors together exceed the largest cache write pDst with non-temporal stores. */
+/* pDst = pSrc1 * pSrc2, two spectra of length len in the Pack layout. */
+VEKS_API VekStatus veksMulPack_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+/* pDst = pSrc1 * pSrc2, two spectra of length len in the Pack layout. */
+VEKS_API VekStatus veksMulPack_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+/* pSrcDst *= pSrc in the Pack layout. */
+VEKS_API VekStatus veksMulPack_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst *= pSrc in the Pack layout. */
+VEKS_API VekStatus veksMulPack_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* pDst = pSrc1 * pSrc2, two spectra of length len in the Perm layout. */
+VEKS_API VekStatus veksMulPerm_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+/* pDst = pSrc1 * pSrc2, two spectra of length len in the Perm layout. */
+VEKS_API VekStatus veksMulPerm_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+/* pSrcDst *= pSrc in the Perm layout. */
+VEKS_API VekStatus veksMulPerm_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst *= pSrc in the Perm layout. */
+VEKS_API VekStatus veksMulPerm_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* pSrcDst *= conj(pSrc) in the Pack layout: pairs (a, b), (c, d) give (ac + bd, bc - ad). */
+VEKS_API VekStatus veksMulPackConj_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+/* pSrcDst *= conj(pSrc) in the Pack layout: pairs (a, b), (c, d) give (ac + bd, bc - ad). */
+VEKS_API VekStatus veksMulPackConj_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/* Expansion: pDst[k] = X[k] for k <= N/2 and conj(X[N - k]) above, N = lenDst; the imaginary parts of R0 and R(N/2) are +0 whatever a CCS input holds there. Exact copies. */
+/* The full spectrum of length lenDst from its Pack layout. */
+VEKS_API VekStatus veksConjPack_32f(const Vek32f* pSrc, Vek32fc* pDst, int lenDst);
+/* The full spectrum of length lenDst from its Pack layout. */
+VEKS_API VekStatus veksConjPack_64f(const Vek64f* pSrc, Vek64fc* pDst, int lenDst);
+/* The full spectrum of length lenDst from its Perm layout. */
+VEKS_API VekStatus veksConjPerm_32f(const Vek32f* pSrc, Vek32fc* pDst, int lenDst);
+/* The full spectrum of length lenDst from its Perm layout. */
+VEKS_API VekStatus veksConjPerm_64f(const Vek64f* pSrc, Vek64fc* pDst, int lenDst);
+/* The full spectrum of length lenDst from its CCS layout (lenDst + 2 values for even, lenDst + 1 for odd lenDst). */
+VEKS_API VekStatus veksConjCCS_32f(const Vek32f* pSrc, Vek32fc* pDst, int lenDst);
+/* The full spectrum of length lenDst from its CCS layout (lenDst + 2 values for even, lenDst + 1 for odd lenDst). */
+VEKS_API VekStatus veksConjCCS_64f(const Vek64f* pSrc, Vek64fc* pDst, int lenDst);
+/* Conj and ConjFlip: 16sc imaginary parts negate with saturation (-(-32768) = 32767); floating-point ones have their sign bit flipped (-0 and NaN included). */
+/* pDst[i] = conj(pSrc[i]). */
+VEKS_API VekStatus veksConj_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+/* pDst[i] = conj(pSrc[i]). */
+VEKS_API VekStatus veksConj_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+/* pDst[i] = conj(pSrc[i]). */
+VEKS_API VekStatus veksConj_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+/* pSrcDst[i] = conj(pSrcDst[i]). */
+VEKS_API VekStatus veksConj_16sc_I(Vek16sc* pSrcDst, int len);
+/* pSrcDst[i] = conj(pSrcDst[i]). */
+VEKS_API VekStatus veksConj_32fc_I(Vek32fc* pSrcDst, int len);
+/* pSrcDst[i] = conj(pSrcDst[i]). */
+VEKS_API VekStatus veksConj_64fc_I(Vek64fc* pSrcDst, int len);
+/* pDst[i] = conj(pSrc[len - 1 - i]); pSrc may equal pDst (reversed in place). */
+VEKS_API VekStatus veksConjFlip_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+/* pDst[i] = conj(pSrc[len - 1 - i]); pSrc may equal pDst (reversed in place). */
+VEKS_API VekStatus veksConjFlip_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+/* pDst[i] = conj(pSrc[len - 1 - i]); pSrc may equal pDst (reversed in place). */
+VEKS_API VekStatus veksConjFlip_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+
 /* ==== Division ==== */
 /* Integer quotients are exact: round(pSrc2[i] / pSrc1[i] * 2^-scaleFactor) with ties to even, */
 /* saturated. A zero divisor element stores the destination's maximum when the dividend is */
@@ -1087,6 +1144,131 @@ VEKS_API VekStatus veksSwapBytes_24u_I(Vek8u* pSrcDst, int len);
 VEKS_API VekStatus veksSwapBytes_32u_I(Vek32u* pSrcDst, int len);
 /* Reverses the byte order of each of len 64u elements in place. */
 VEKS_API VekStatus veksSwapBytes_64u_I(Vek64u* pSrcDst, int len);
+
+/* ==== Logical operations ==== */
+/* In-place forms: pSrcDst[i] = pSrcDst[i] op pSrc[i] (or op val). Results are exact for every length and alignment. */
+/* AndC with val 0 zero-fills pDst through veksZero_8u/16s/32s; OrC and XorC with val 0 copy pSrc through veksCopy_8u/16s/32s (nothing is stored when pSrc equals pDst or in place). The results are those of the operation. */
+/* pDst[i] = pSrc1[i] & pSrc2[i]. */
+VEKS_API VekStatus veksAnd_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+/* pDst[i] = pSrc1[i] & pSrc2[i]. */
+VEKS_API VekStatus veksAnd_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+/* pDst[i] = pSrc1[i] & pSrc2[i]. */
+VEKS_API VekStatus veksAnd_32u(const Vek32u* pSrc1, const Vek32u* pSrc2, Vek32u* pDst, int len);
+/* pSrcDst[i] &= pSrc[i]. */
+VEKS_API VekStatus veksAnd_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] &= pSrc[i]. */
+VEKS_API VekStatus veksAnd_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] &= pSrc[i]. */
+VEKS_API VekStatus veksAnd_32u_I(const Vek32u* pSrc, Vek32u* pSrcDst, int len);
+/* pDst[i] = pSrc1[i] | pSrc2[i]. */
+VEKS_API VekStatus veksOr_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+/* pDst[i] = pSrc1[i] | pSrc2[i]. */
+VEKS_API VekStatus veksOr_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+/* pDst[i] = pSrc1[i] | pSrc2[i]. */
+VEKS_API VekStatus veksOr_32u(const Vek32u* pSrc1, const Vek32u* pSrc2, Vek32u* pDst, int len);
+/* pSrcDst[i] |= pSrc[i]. */
+VEKS_API VekStatus veksOr_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] |= pSrc[i]. */
+VEKS_API VekStatus veksOr_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] |= pSrc[i]. */
+VEKS_API VekStatus veksOr_32u_I(const Vek32u* pSrc, Vek32u* pSrcDst, int len);
+/* pDst[i] = pSrc1[i] ^ pSrc2[i]. */
+VEKS_API VekStatus veksXor_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+/* pDst[i] = pSrc1[i] ^ pSrc2[i]. */
+VEKS_API VekStatus veksXor_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+/* pDst[i] = pSrc1[i] ^ pSrc2[i]. */
+VEKS_API VekStatus veksXor_32u(const Vek32u* pSrc1, const Vek32u* pSrc2, Vek32u* pDst, int len);
+/* pSrcDst[i] ^= pSrc[i]. */
+VEKS_API VekStatus veksXor_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] ^= pSrc[i]. */
+VEKS_API VekStatus veksXor_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] ^= pSrc[i]. */
+VEKS_API VekStatus veksXor_32u_I(const Vek32u* pSrc, Vek32u* pSrcDst, int len);
+/* pDst[i] = pSrc[i] & val. */
+VEKS_API VekStatus veksAndC_8u(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len);
+/* pDst[i] = pSrc[i] & val. */
+VEKS_API VekStatus veksAndC_16u(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len);
+/* pDst[i] = pSrc[i] & val. */
+VEKS_API VekStatus veksAndC_32u(const Vek32u* pSrc, Vek32u val, Vek32u* pDst, int len);
+/* pSrcDst[i] &= val. */
+VEKS_API VekStatus veksAndC_8u_I(Vek8u val, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] &= val. */
+VEKS_API VekStatus veksAndC_16u_I(Vek16u val, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] &= val. */
+VEKS_API VekStatus veksAndC_32u_I(Vek32u val, Vek32u* pSrcDst, int len);
+/* pDst[i] = pSrc[i] | val. */
+VEKS_API VekStatus veksOrC_8u(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len);
+/* pDst[i] = pSrc[i] | val. */
+VEKS_API VekStatus veksOrC_16u(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len);
+/* pDst[i] = pSrc[i] | val. */
+VEKS_API VekStatus veksOrC_32u(const Vek32u* pSrc, Vek32u val, Vek32u* pDst, int len);
+/* pSrcDst[i] |= val. */
+VEKS_API VekStatus veksOrC_8u_I(Vek8u val, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] |= val. */
+VEKS_API VekStatus veksOrC_16u_I(Vek16u val, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] |= val. */
+VEKS_API VekStatus veksOrC_32u_I(Vek32u val, Vek32u* pSrcDst, int len);
+/* pDst[i] = pSrc[i] ^ val. */
+VEKS_API VekStatus veksXorC_8u(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len);
+/* pDst[i] = pSrc[i] ^ val. */
+VEKS_API VekStatus veksXorC_16u(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len);
+/* pDst[i] = pSrc[i] ^ val. */
+VEKS_API VekStatus veksXorC_32u(const Vek32u* pSrc, Vek32u val, Vek32u* pDst, int len);
+/* pSrcDst[i] ^= val. */
+VEKS_API VekStatus veksXorC_8u_I(Vek8u val, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] ^= val. */
+VEKS_API VekStatus veksXorC_16u_I(Vek16u val, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] ^= val. */
+VEKS_API VekStatus veksXorC_32u_I(Vek32u val, Vek32u* pSrcDst, int len);
+/* pDst[i] = ~pSrc[i]. */
+VEKS_API VekStatus veksNot_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+/* pDst[i] = ~pSrc[i]. */
+VEKS_API VekStatus veksNot_16u(const Vek16u* pSrc, Vek16u* pDst, int len);
+/* pDst[i] = ~pSrc[i]. */
+VEKS_API VekStatus veksNot_32u(const Vek32u* pSrc, Vek32u* pDst, int len);
+/* pSrcDst[i] = ~pSrcDst[i]. */
+VEKS_API VekStatus veksNot_8u_I(Vek8u* pSrcDst, int len);
+/* pSrcDst[i] = ~pSrcDst[i]. */
+VEKS_API VekStatus veksNot_16u_I(Vek16u* pSrcDst, int len);
+/* pSrcDst[i] = ~pSrcDst[i]. */
+VEKS_API VekStatus veksNot_32u_I(Vek32u* pSrcDst, int len);
+
+/* ==== Shifts ==== */
+/* val is the shift count, w the element width. Left shifts drop the bits shifted out (no saturation; 16s and 32s results are the shifted bit patterns); right shifts are logical for unsigned and arithmetic (floor(x / 2^val)) for signed elements; val = 0 copies. */
+/* Left shifts with val > w - 1 check only the source pointer (pSrc, or pSrcDst in place), then zero-fill through veksZero_8u (8u), veksZero_16s (16u, 16s) or veksZero_32s (32s) called with (pDst, len) and return its status. Otherwise: pointers, then len < 1 (vekStatusBadSize), then val < 0 (vekStatusNegativeShift). */
+/* Right shifts with val >= w give 0, or -1 for negative signed elements, after the general checks. */
+/* pDst[i] = pSrc[i] << val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_8u(const Vek8u* pSrc, int val, Vek8u* pDst, int len);
+/* pDst[i] = pSrc[i] << val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_16u(const Vek16u* pSrc, int val, Vek16u* pDst, int len);
+/* pDst[i] = pSrc[i] << val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_16s(const Vek16s* pSrc, int val, Vek16s* pDst, int len);
+/* pDst[i] = pSrc[i] << val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_32s(const Vek32s* pSrc, int val, Vek32s* pDst, int len);
+/* pSrcDst[i] <<= val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_8u_I(int val, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] <<= val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_16u_I(int val, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] <<= val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_16s_I(int val, Vek16s* pSrcDst, int len);
+/* pSrcDst[i] <<= val (zeros for val >= w). */
+VEKS_API VekStatus veksLShiftC_32s_I(int val, Vek32s* pSrcDst, int len);
+/* pDst[i] = pSrc[i] >> val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_8u(const Vek8u* pSrc, int val, Vek8u* pDst, int len);
+/* pDst[i] = pSrc[i] >> val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_16u(const Vek16u* pSrc, int val, Vek16u* pDst, int len);
+/* pDst[i] = pSrc[i] >> val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_16s(const Vek16s* pSrc, int val, Vek16s* pDst, int len);
+/* pDst[i] = pSrc[i] >> val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_32s(const Vek32s* pSrc, int val, Vek32s* pDst, int len);
+/* pSrcDst[i] >>= val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_8u_I(int val, Vek8u* pSrcDst, int len);
+/* pSrcDst[i] >>= val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_16u_I(int val, Vek16u* pSrcDst, int len);
+/* pSrcDst[i] >>= val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_16s_I(int val, Vek16s* pSrcDst, int len);
+/* pSrcDst[i] >>= val, logical for unsigned, arithmetic for signed elements. */
+VEKS_API VekStatus veksRShiftC_32s_I(int val, Vek32s* pSrcDst, int len);
 
 /* ==== Sums and means ==== */
 /* Single precision (hint H): vekHintFast selects single-precision partial sums folded into */

@@ -1,0 +1,397 @@
+// Packed-spectrum products and expansion against the full complex spectra read from the layouts
+// (a reference written here from the layout definitions, products in long double with the 1-ulp
+// bound), for every length 1..130 and some long ones; Conj and ConjFlip against element-wise
+// references; in place, aliasing, offsets from 64-byte boundaries, errors that write nothing.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <complex>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <vector>
+
+#include "support/guarded.hpp"
+#include "veks.h"
+
+namespace {
+
+using veks_test::Guarded;
+using LC = std::complex<long double>;
+
+enum class Layout { kPack, kPerm, kCcs };
+
+// X[0..n) of a real signal's spectrum held in a packed layout.
+template <class T>
+std::vector<LC> expand_ref(Layout layout, const T* p, int n) {
+  std::vector<LC> x(static_cast<size_t>(n));
+  const int half = n / 2;
+  const bool even = n % 2 == 0;
+  for (int k = 0; k <= half; ++k) {
+    long double re = 0, im = 0;
+    if (layout == Layout::kCcs) {
+      re = p[2 * k];
+      im = (k == 0 || (even && k == half)) ? 0 : p[2 * k + 1];
+    } else if (k == 0) {
+      re = p[0];
+    } else if (even && k == half) {
+      re = layout == Layout::kPack ? p[n - 1] : p[1];
+    } else {
+      const int at = (layout == Layout::kPerm && even) ? 2 * k : 2 * k - 1;
+      re = p[at];
+      im = p[at + 1];
+    }
+    x[static_cast<size_t>(k)] = {re, im};
+  }
+  for (int k = half + 1; k < n; ++k)
+    x[static_cast<size_t>(k)] = std::conj(x[static_cast<size_t>(n - k)]);
+  return x;
+}
+
+// ulp of |v| in T (the smallest subnormal step for 0).
+template <class T>
+long double ulp(long double v) {
+  using L = std::numeric_limits<T>;
+  int e = L::min_exponent - 1;  // floor(log2) of the smallest normal
+  if (v != 0) e = std::max(std::ilogb(v), e);
+  return std::ldexp(1.0L, e - L::digits + 1);
+}
+
+// got is the product a (.) b (conj: a (.) conj(b)) of two spectra of length n in the layout:
+// real positions correctly rounded, pair components within 1 ulp of |ac| + |bd| (|ad| + |bc|).
+template <class T>
+::testing::AssertionResult is_product(Layout layout, bool conj, const T* a, const T* b,
+                                      const T* got, int n) {
+  const auto x = expand_ref(layout, a, n), y = expand_ref(layout, b, n),
+             z = expand_ref(layout, got, n);
+  for (int k = 0; k <= n / 2; ++k) {
+    const auto i = static_cast<size_t>(k);
+    const LC u = x[i], v = conj ? std::conj(y[i]) : y[i];
+    if (k == 0 || (n % 2 == 0 && k == n / 2)) {
+      const T want = static_cast<T>(u.real()) * static_cast<T>(v.real());
+      if (z[i].real() != want)
+        return ::testing::AssertionFailure()
+               << "real position of X[" << k << "] is " << z[i].real() << ", expected " << want;
+      continue;
+    }
+    const long double ac = u.real() * v.real(), bd = u.imag() * v.imag(), ad = u.real() * v.imag(),
+                      bc = u.imag() * v.real();
+    const long double dre = std::fabs(z[i].real() - (ac - bd)),
+                      dim = std::fabs(z[i].imag() - (ad + bc));
+    if (dre > ulp<T>(std::fabs(ac) + std::fabs(bd)) || dim > ulp<T>(std::fabs(ad) + std::fabs(bc)))
+      return ::testing::AssertionFailure()
+             << "X[" << k << "] of " << n << " is (" << z[i].real() << ", " << z[i].imag()
+             << "), errors " << dre << ", " << dim;
+  }
+  return ::testing::AssertionSuccess();
+}
+
+// Values with exponents spread over [-20, 20] and both signs, so that products cancel.
+template <class T>
+void fill_spectrum(T* p, size_t n, std::mt19937_64& rng) {
+  std::uniform_real_distribution<double> mant(-1, 1);
+  std::uniform_int_distribution<int> ex(-20, 20);
+  for (size_t i = 0; i < n; ++i) p[i] = static_cast<T>(std::ldexp(mant(rng), ex(rng)));
+}
+
+template <class T>
+bool same_bytes(const T* a, const T* b, size_t n) {
+  return std::memcmp(a, b, n * sizeof(T)) == 0;
+}
+
+template <class T>
+struct Spectra;
+#define VEKS_SPECTRA(T, S)                                                            \
+  template <>                                                                         \
+  struct Spectra<T> {                                                                 \
+    using C = Vek##S##c;                                                              \
+    static constexpr auto mul_pack = veksMulPack_##S, mul_perm = veksMulPerm_##S;     \
+    static constexpr auto mul_pack_i = veksMulPack_##S##_I;                           \
+    static constexpr auto mul_perm_i = veksMulPerm_##S##_I;                           \
+    static constexpr auto mul_pack_conj_i = veksMulPackConj_##S##_I;                  \
+    static constexpr auto conj_pack = veksConjPack_##S, conj_perm = veksConjPerm_##S; \
+    static constexpr auto conj_ccs = veksConjCCS_##S;                                 \
+  };
+VEKS_SPECTRA(float, 32f)
+VEKS_SPECTRA(double, 64f)
+#undef VEKS_SPECTRA
+
+template <class T>
+class Spectrum : public ::testing::Test {};
+using Precisions = ::testing::Types<float, double>;
+TYPED_TEST_SUITE(Spectrum, Precisions);
+
+// Lengths 1..130 (every vector tail, both parities, every head before a 64-byte boundary) and
+// long ones that run the unrolled loop.
+std::vector<int> spectrum_lengths() {
+  std::vector<int> ns;
+  for (int n = 1; n <= 130; ++n) ns.push_back(n);
+  for (int n : {255, 256, 1000, 1001, 4098}) ns.push_back(n);
+  return ns;
+}
+
+// MulPack and MulPerm out of place, in place, into either source, and MulPackConj_I; for each
+// length the operands sit at different offsets from a 64-byte boundary.
+template <class T>
+void check_products(int n, std::mt19937_64& rng) {
+  using S = Spectra<T>;
+  const auto len = static_cast<size_t>(n);
+  const size_t off1 = len % 16 * sizeof(T), off2 = len * 3 % 16 * sizeof(T),
+               offd = len * 5 % 16 * sizeof(T);
+  Guarded<T> a(len, off1), b(len, off2);
+  fill_spectrum(a.data(), len, rng);
+  fill_spectrum(b.data(), len, rng);
+  a.remember();
+  b.remember();
+  struct Mul {
+    Layout layout;
+    VekStatus (*f)(const T*, const T*, T*, int);
+    VekStatus (*fi)(const T*, T*, int);
+  };
+  for (const Mul& m : {Mul{Layout::kPack, S::mul_pack, S::mul_pack_i},
+                       Mul{Layout::kPerm, S::mul_perm, S::mul_perm_i}}) {
+    SCOPED_TRACE(m.layout == Layout::kPack ? "Pack" : "Perm");
+    Guarded<T> d(len, offd), in(len, off2), d1(len, off1), d2(len, off2);
+    std::memcpy(in.data(), b.data(), len * sizeof(T));
+    std::memcpy(d1.data(), a.data(), len * sizeof(T));
+    std::memcpy(d2.data(), b.data(), len * sizeof(T));
+    ASSERT_EQ(m.f(a.data(), b.data(), d.data(), n), vekStatusOk);
+    ASSERT_TRUE(is_product(m.layout, false, a.data(), b.data(), d.data(), n));
+    ASSERT_TRUE(d.guards_intact() && a.unchanged() && b.unchanged());
+    ASSERT_EQ(m.fi(a.data(), in.data(), n), vekStatusOk);
+    ASSERT_EQ(m.f(d1.data(), b.data(), d1.data(), n), vekStatusOk);
+    ASSERT_EQ(m.f(a.data(), d2.data(), d2.data(), n), vekStatusOk);
+    ASSERT_TRUE(same_bytes(in.data(), d.data(), len) && in.guards_intact()) << "in place";
+    ASSERT_TRUE(same_bytes(d1.data(), d.data(), len) && d1.guards_intact()) << "pDst == pSrc1";
+    ASSERT_TRUE(same_bytes(d2.data(), d.data(), len) && d2.guards_intact()) << "pDst == pSrc2";
+  }
+  Guarded<T> c(len, offd), self(len, off1);
+  std::memcpy(c.data(), b.data(), len * sizeof(T));
+  std::memcpy(self.data(), a.data(), len * sizeof(T));
+  ASSERT_EQ(S::mul_pack_conj_i(a.data(), c.data(), n), vekStatusOk);
+  ASSERT_TRUE(is_product(Layout::kPack, true, b.data(), a.data(), c.data(), n)) << "PackConj";
+  ASSERT_TRUE(c.guards_intact() && a.unchanged());
+  // A spectrum times its own conjugate: |X[k]|^2 with imaginary parts exactly 0.
+  ASSERT_EQ(S::mul_pack_conj_i(self.data(), self.data(), n), vekStatusOk);
+  ASSERT_TRUE(is_product(Layout::kPack, true, a.data(), a.data(), self.data(), n));
+  for (const LC& z : expand_ref(Layout::kPack, self.data(), n)) ASSERT_EQ(z.imag(), 0);
+}
+
+TYPED_TEST(Spectrum, ProductsMatchTheComplexProductsOfTheExpandedSpectra) {
+  std::mt19937_64 rng(5);
+  for (int n : spectrum_lengths()) {
+    SCOPED_TRACE(::testing::Message() << "N " << n);
+    check_products<TypeParam>(n, rng);
+  }
+}
+
+// Long vectors whose destination is neither source may be written with non-temporal stores
+// when they exceed the (steered) cache size: same results either way.
+TYPED_TEST(Spectrum, LongProductsWithAndWithoutStreamingStores) {
+  const int saved = vekSetMaxCacheSizeB(65536);
+  std::mt19937_64 rng(6);
+  for (int n : {600000, 600001}) {
+    SCOPED_TRACE(::testing::Message() << "N " << n);
+    check_products<TypeParam>(n, rng);
+  }
+  vekSetMaxCacheSizeB(saved);
+}
+
+// The examples of the layouts: N = 4 in Pack and Perm, N = 3, N = 2 and N = 1.
+TYPED_TEST(Spectrum, SmallSpectraByHand) {
+  using T = TypeParam;
+  using S = Spectra<T>;
+  struct Row {
+    VekStatus (*f)(const T*, const T*, T*, int);
+    std::vector<T> a, b, want;
+  };
+  const Row rows[] = {
+      {S::mul_pack, {1, 2, 3, 4}, {5, 6, 7, 8}, {5, -9, 32, 32}},
+      {S::mul_perm, {1, 4, 2, 3}, {5, 8, 6, 7}, {5, 32, -9, 32}},
+      {S::mul_pack, {1, 2, 3}, {5, 6, 7}, {5, -9, 32}},
+      {S::mul_perm, {1, 2, 3}, {5, 6, 7}, {5, -9, 32}},
+      {S::mul_pack, {3, -2}, {5, 7}, {15, -14}},
+      {S::mul_perm, {3, -2}, {5, 7}, {15, -14}},
+      {S::mul_perm, {-3}, {5}, {-15}},
+  };
+  for (const Row& r : rows) {
+    const int n = static_cast<int>(r.a.size());
+    Guarded<T> d(r.a.size());
+    ASSERT_EQ(r.f(r.a.data(), r.b.data(), d.data(), n), vekStatusOk);
+    EXPECT_TRUE(same_bytes(d.data(), r.want.data(), r.a.size())) << "N " << n;
+  }
+}
+
+// Expansion of Pack, Perm and CCS copies exactly; the CCS imaginary slots of R0 and R(N/2) are
+// not read.
+TYPED_TEST(Spectrum, ExpansionIsTheConjugateSymmetricSpectrum) {
+  using T = TypeParam;
+  using S = Spectra<T>;
+  using C = typename S::C;
+  std::mt19937_64 rng(8);
+  struct Expand {
+    Layout layout;
+    VekStatus (*f)(const T*, C*, int);
+  };
+  const Expand ex[] = {
+      {Layout::kPack, S::conj_pack}, {Layout::kPerm, S::conj_perm}, {Layout::kCcs, S::conj_ccs}};
+  for (int n : spectrum_lengths()) {
+    const auto len = static_cast<size_t>(n);
+    for (const Expand& e : ex) {
+      SCOPED_TRACE(::testing::Message() << "N " << n << ", layout " << static_cast<int>(e.layout));
+      const size_t slen = e.layout == Layout::kCcs ? len + 2 - len % 2 : len;
+      Guarded<T> s(slen, len % 16 * sizeof(T));
+      fill_spectrum(s.data(), slen, rng);
+      if (e.layout == Layout::kCcs) {
+        s[1] = 9;
+        if (n % 2 == 0) s[slen - 1] = 9;
+      }
+      s.remember();
+      Guarded<C> d(len, len * 3 % 8 * sizeof(T));
+      ASSERT_EQ(e.f(s.data(), d.data(), n), vekStatusOk);
+      const std::vector<LC> want = expand_ref(e.layout, s.data(), n);
+      for (size_t k = 0; k < len; ++k) {
+        const T wre = static_cast<T>(want[k].real()), wim = static_cast<T>(want[k].imag());
+        ASSERT_TRUE(same_bytes(&d[k].re, &wre, 1) && same_bytes(&d[k].im, &wim, 1))
+            << "X[" << k << "] is (" << d[k].re << ", " << d[k].im << ")";
+      }
+      ASSERT_TRUE(d.guards_intact() && s.unchanged());
+    }
+  }
+}
+
+TYPED_TEST(Spectrum, ErrorsWriteNothing) {
+  using T = TypeParam;
+  using S = Spectra<T>;
+  using C = typename S::C;
+  Guarded<T> a(6), b(6);
+  Guarded<C> c(6);
+  T* const A = a.data();
+  T* const B = b.data();
+  for (int len : {4, 0, -1, INT_MIN}) {
+    SCOPED_TRACE(::testing::Message() << "len " << len);
+    const VekStatus bad = len < 1 ? vekStatusBadSize : vekStatusOk;
+    for (auto f : {S::mul_pack, S::mul_perm}) {
+      EXPECT_EQ(f(nullptr, A, B, len), vekStatusNullPtr);
+      EXPECT_EQ(f(A, nullptr, B, len), vekStatusNullPtr);
+      EXPECT_EQ(f(A, A, nullptr, len), vekStatusNullPtr);
+      if (bad) {
+        EXPECT_EQ(f(A, A, B, len), bad);
+      }
+    }
+    for (auto f : {S::mul_pack_i, S::mul_perm_i, S::mul_pack_conj_i}) {
+      EXPECT_EQ(f(nullptr, B, len), vekStatusNullPtr);
+      EXPECT_EQ(f(A, nullptr, len), vekStatusNullPtr);
+      if (bad) {
+        EXPECT_EQ(f(A, B, len), bad);
+      }
+    }
+    for (auto f : {S::conj_pack, S::conj_perm, S::conj_ccs}) {
+      EXPECT_EQ(f(nullptr, c.data(), len), vekStatusNullPtr);
+      EXPECT_EQ(f(A, nullptr, len), vekStatusNullPtr);
+      if (bad) {
+        EXPECT_EQ(f(A, c.data(), len), bad);
+      }
+    }
+    EXPECT_TRUE(b.unchanged() && c.unchanged());
+  }
+}
+
+// ---- Conj and ConjFlip -----------------------------------------------------------------------
+
+#define VEKS_CONJ_TYPE(S)                                                                \
+  struct Conj##S {                                                                       \
+    using E = Vek##S;                                                                    \
+    static VekStatus conj(const E* s, E* d, int n) { return veksConj_##S(s, d, n); }     \
+    static VekStatus conj_i(E* d, int n) { return veksConj_##S##_I(d, n); }              \
+    static VekStatus flip(const E* s, E* d, int n) { return veksConjFlip_##S(s, d, n); } \
+  };
+VEKS_CONJ_TYPE(16sc)
+VEKS_CONJ_TYPE(32fc)
+VEKS_CONJ_TYPE(64fc)
+#undef VEKS_CONJ_TYPE
+
+template <class P>
+class Conjugate : public ::testing::Test {};
+using ConjTypes = ::testing::Types<Conj16sc, Conj32fc, Conj64fc>;
+TYPED_TEST_SUITE(Conjugate, ConjTypes);
+
+// -(-32768) saturates to 32767; floating-point negation flips the sign bit (NaN, -0 included).
+template <class E>
+E conj_ref(E x) {
+  if constexpr (std::is_same_v<E, Vek16sc>) {
+    x.im = x.im == INT16_MIN ? INT16_MAX : static_cast<Vek16s>(-x.im);
+  } else {
+    x.im = -x.im;
+  }
+  return x;
+}
+
+TYPED_TEST(Conjugate, EveryLengthInPlaceAndOutOfPlace) {
+  using P = TypeParam;
+  using E = typename P::E;
+  constexpr size_t kPart = sizeof(E) / 2;
+  std::mt19937_64 rng(9);
+  std::vector<int> lens;
+  for (int n = 1; n <= 130; ++n) lens.push_back(n);
+  for (int n : {257, 1000, 1001}) lens.push_back(n);
+  for (int n : lens) {
+    SCOPED_TRACE(::testing::Message() << "len " << n);
+    const auto len = static_cast<size_t>(n);
+    Guarded<E> s(len, len % 32 * kPart);
+    // Random bit patterns: NaNs, infinities, -0 and the most negative integer all occur.
+    for (size_t i = 0; i < len * sizeof(E); i += 8) {
+      const uint64_t r = rng();
+      std::memcpy(s.bytes_ptr() + i, &r, std::min<size_t>(8, len * sizeof(E) - i));
+    }
+    if constexpr (std::is_same_v<E, Vek16sc>) s[len / 2].im = INT16_MIN;
+    s.remember();
+    std::vector<E> conj(len), flip(len);
+    for (size_t i = 0; i < len; ++i) {
+      conj[i] = conj_ref(s[i]);
+      flip[i] = conj_ref(s[len - 1 - i]);
+    }
+    const size_t od = len * 7 % 32 * kPart;
+    Guarded<E> d(len, od), f(len, od), ci(len, od), fi(len, od);
+    std::memcpy(ci.data(), s.data(), len * sizeof(E));
+    std::memcpy(fi.data(), s.data(), len * sizeof(E));
+    ASSERT_EQ(P::conj(s.data(), d.data(), n), vekStatusOk);
+    ASSERT_EQ(P::flip(s.data(), f.data(), n), vekStatusOk);
+    ASSERT_EQ(P::conj_i(ci.data(), n), vekStatusOk);
+    ASSERT_EQ(P::flip(fi.data(), fi.data(), n), vekStatusOk);
+    ASSERT_TRUE(s.unchanged());
+    for (auto* g : {&d, &ci}) {
+      ASSERT_TRUE(same_bytes(g->data(), conj.data(), len));
+      ASSERT_TRUE(g->guards_intact());
+    }
+    for (auto* g : {&f, &fi}) {
+      ASSERT_TRUE(same_bytes(g->data(), flip.data(), len));
+      ASSERT_TRUE(g->guards_intact());
+    }
+  }
+}
+
+TYPED_TEST(Conjugate, ErrorsWriteNothing) {
+  using P = TypeParam;
+  using E = typename P::E;
+  Guarded<E> s(3), d(3);
+  for (int len : {3, 0, -1, INT_MIN}) {
+    SCOPED_TRACE(::testing::Message() << "len " << len);
+    EXPECT_EQ(P::conj(nullptr, d.data(), len), vekStatusNullPtr);
+    EXPECT_EQ(P::conj(s.data(), nullptr, len), vekStatusNullPtr);
+    EXPECT_EQ(P::conj_i(nullptr, len), vekStatusNullPtr);
+    EXPECT_EQ(P::flip(nullptr, d.data(), len), vekStatusNullPtr);
+    EXPECT_EQ(P::flip(s.data(), nullptr, len), vekStatusNullPtr);
+    if (len < 1) {
+      EXPECT_EQ(P::conj(s.data(), d.data(), len), vekStatusBadSize);
+      EXPECT_EQ(P::conj_i(d.data(), len), vekStatusBadSize);
+      EXPECT_EQ(P::flip(s.data(), d.data(), len), vekStatusBadSize);
+      EXPECT_EQ(P::flip(d.data(), d.data(), len), vekStatusBadSize);
+    }
+    EXPECT_TRUE(s.unchanged() && d.unchanged());
+  }
+}
+
+}  // namespace
