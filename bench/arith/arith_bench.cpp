@@ -41,6 +41,10 @@ int main(int argc, char** argv) {
           [=] { return veksDiv_Round_16s_Sfs(s1, s2, sd, len, 1, 0); });
     v.add("Div_Round_16s_Sfs mode=2", c, 6 * n,
           [=] { return veksDiv_Round_16s_Sfs(s1, s2, sd, len, 2, 0); });
+    v.add("Sqrt_32f", c, 8 * n, [=] { return veksSqrt_32f(f2, fd, len); });
+    v.add("Magnitude_32fc", c, 12 * n, [=] { return veksMagnitude_32fc(c1, fd, len); });
+    v.add("MulPerm_32f", c, 12 * n, [=] { return veksMulPerm_32f(f1, f2, fd, len); });
+    v.add("MulPerm_32f_I", c, 8 * n, [=] { return veksMulPerm_32f_I(f1, fd, len); });
   }
   return v.main(argc, argv, "Element-wise arithmetic");
 }
