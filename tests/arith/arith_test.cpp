@@ -39,7 +39,8 @@ int last_sf(int bound) { return bound == kNoScale ? 0 : 70; }
 template <class TA, class TB, class TD, class F, class FI, class Exact>
 void sweep_binary(const char* name, F fn, FI ifn, Exact exact, int bound) {
   SCOPED_TRACE(name);
-  const auto a = edge_and_random<TA>(kN, 1), b = edge_and_random<TB>(kN, 2);
+  const auto a = edge_and_random<TA>(kN, 1);
+  const auto b = edge_and_random<TB>(kN, 2);
   for (int sf = first_sf(bound); sf <= last_sf(bound); ++sf) {
     Guarded<TD> d(kN, 2 * sizeof(TD));
     ASSERT_EQ(fn(a.data(), b.data(), d.data(), int(kN), sf), vekStatusOk);
@@ -547,8 +548,7 @@ TEST(Checks, PointersInOrderThenLengthAndNothingWritten) {
   EXPECT_EQ(veksMulC_16s_Sfs(a, 0, d.data(), -1, 0), vekStatusBadSize);  // before the zero-fill
   EXPECT_EQ(veksMulC_16s_ISfs(1, d.data(), 0, 0), vekStatusBadSize);     // before the copy
   EXPECT_EQ(veksAddProduct_16s_Sfs(a, a, nullptr, 8, 0), vekStatusNullPtr);
-  EXPECT_EQ(veksSqr_32f(a == nullptr ? nullptr : reinterpret_cast<const float*>(a), nullptr, 4),
-            vekStatusNullPtr);
+  EXPECT_EQ(veksSqr_32f(nullptr, nullptr, 4), vekStatusNullPtr);
   EXPECT_EQ(veksMul_32f32fc(nullptr, nullptr, nullptr, 0), vekStatusNullPtr);
   EXPECT_EQ(veksMulC_64f64s_ISfs(1.0, reinterpret_cast<Vek64s*>(d.data()), 0, 0), vekStatusBadSize);
   EXPECT_TRUE(d.unchanged());
