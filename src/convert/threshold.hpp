@@ -210,7 +210,8 @@ inline D8 magnitude(D8 x) {
     const D8 a = vabs(x), b = swap_pairs(a);
     const D8 big = simd::vmax<D8>(a, b), q = simd::vmin<D8>(a, b) / big;
     const D8 root = reinterpret_cast<D8>(_mm512_sqrt_pd(reinterpret_cast<__m512d>(1.0 + q * q)));
-    return simd::select<D8>((big == 0.0) | (big == HUGE_VAL), big, big * root);
+    const D8 m = simd::select<D8>((big == 0.0) | (big == HUGE_VAL), big, big * root);
+    return simd::select<D8>((a != a) | (b != b), a + b, m);  // a NaN part: NaN in both lanes
   } else {
     const D8 sq = x * x;
     return reinterpret_cast<D8>(_mm512_sqrt_pd(reinterpret_cast<__m512d>(sq + swap_pairs(sq))));
@@ -337,7 +338,8 @@ VekStatus c_lt_inv(const C* s, C* d, int len, part_t<C> level) {
       const D8 inv = conj / den;
       const I8 sign = (reinterpret_cast<I8>(y) ^ I8{0, INT64_MIN, 0, INT64_MIN, 0, INT64_MIN, 0, INT64_MIN}) & INT64_MIN;
       const D8 at_zero = reinterpret_cast<D8>(sign | reinterpret_cast<I8>(D8{HUGE_VAL, 0, HUGE_VAL, 0, HUGE_VAL, 0, HUGE_VAL, 0}));
-      return simd::select<D8>(big == 0.0, at_zero, inv);
+      const D8 at_inf = reinterpret_cast<D8>(sign);  // 1 / infinity: a zero of conj(y)'s signs
+      return simd::select<D8>(big == 0.0, at_zero, simd::select<D8>(big == HUGE_VAL, at_inf, inv));
     });
     return zero ? 1 : 0;
   });
