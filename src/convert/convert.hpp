@@ -39,15 +39,14 @@ VekStatus widen(const ptr_t<S>* s, D* d, int len) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   const size_t n = static_cast<size_t>(len);
   if constexpr (is24<S>) {
-    for (size_t i = 0; i < n; i += 16) {
-      const size_t c = n - i < 16 ? n - i : 16;
+    blocks<16>(n, [&](auto full, size_t i, size_t c) {
       const __m512i v = load_i32<S>(s, i, c);
       if constexpr (std::is_floating_point_v<D>) {
-        _mm512_mask_storeu_ps(d + i, mask16(c), _mm512_cvtepi32_ps(v));  // 24 bits: exact
+        store_ps<full>(d + i, c, _mm512_cvtepi32_ps(v));  // 24 bits: exact
       } else {
-        _mm512_mask_storeu_epi32(d + i, mask16(c), v);
+        store_i32<Vek32s, full>(reinterpret_cast<Vek32s*>(d), i, c, v);
       }
-    }
+    });
   } else {
     const FpScope fp(FpRound::Caller);
     using W = std::conditional_t<(sizeof(D) > sizeof(S)), D, std::conditional_t<std::is_floating_point_v<D>, D, S>>;
@@ -135,15 +134,16 @@ VekStatus narrow_sfs(const S* s, ptr_t<D>* d, int len, int sf) {
   constexpr size_t N = 64 / sizeof(W);
   const size_t n = static_cast<size_t>(len);
   with_narrow<D, W>(sf, [&](auto policy) {
-    for (size_t i = 0; i < n; i += N) {
-      const size_t c = n - i < N ? n - i : N;
-      const auto r = policy(simd::convert<W>(simd::load_first<N>(s + i, c)));
+    blocks<N>(n, [&](auto full, size_t i, size_t c) {
+      const auto r = policy(simd::convert<W>(full ? simd::load<N>(s + i) : simd::load_first<N>(s + i, c)));
       if constexpr (is24<D>) {
         store24(d + 3 * i, c, _mm512_zextsi256_si512(reinterpret_cast<__m256i>(simd::convert<int32_t>(r))));
+      } else if constexpr (full) {
+        simd::store(d + i, simd::convert<D>(r));
       } else {
         simd::store_first(d + i, c, simd::convert<D>(r));
       }
-    }
+    });
   });
   return vekStatusOk;
 }
@@ -182,79 +182,116 @@ inline F factor_of(int sf) {
 constexpr int kRoundEven = _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC;
 constexpr int kRoundZero = _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC;
 
-// Rounds to an integral value: nearest-even, truncation, or ties away (adding 1/2 with the sign of
-// the value, the sum rounded toward zero, then truncating: exact for every binary32 and binary64).
+// Ties away from zero is done as: add 1/2 with the sign of the value, the sum rounded toward zero,
+// then truncate; exact for every binary32 and binary64 value. The other two modes convert with
+// their rounding embedded in the instruction.
 template <Rnd R>
-inline __m512 round_to_int(__m512 v) {
-  if constexpr (R == Rnd::Even) return _mm512_roundscale_ps(v, kRoundEven);
-  if constexpr (R == Rnd::Zero) return _mm512_roundscale_ps(v, kRoundZero);
-  const __m512 half = _mm512_or_ps(_mm512_and_ps(v, _mm512_set1_ps(-0.0f)), _mm512_set1_ps(0.5f));
-  return _mm512_roundscale_ps(_mm512_add_round_ps(v, half, kRoundZero), kRoundZero);
+inline __m512 prepare(__m512 v) {
+  if constexpr (R != Rnd::Away) return v;
+  const __m512i half = _mm512_ternarylogic_epi32(_mm512_castps_si512(v), _mm512_set1_epi32(INT32_MIN),
+                                                 _mm512_set1_epi32(0x3F000000), 0xEA);  // (v & sign) | 0.5
+  return _mm512_add_round_ps(v, _mm512_castsi512_ps(half), kRoundZero);
 }
 template <Rnd R>
-inline __m512d round_to_int(__m512d v) {
-  if constexpr (R == Rnd::Even) return _mm512_roundscale_pd(v, kRoundEven);
-  if constexpr (R == Rnd::Zero) return _mm512_roundscale_pd(v, kRoundZero);
-  const __m512d half = _mm512_or_pd(_mm512_and_pd(v, _mm512_set1_pd(-0.0)), _mm512_set1_pd(0.5));
-  return _mm512_roundscale_pd(_mm512_add_round_pd(v, half, kRoundZero), kRoundZero);
+inline __m512d prepare(__m512d v) {
+  if constexpr (R != Rnd::Away) return v;
+  const __m512i half = _mm512_ternarylogic_epi64(_mm512_castpd_si512(v), _mm512_set1_epi64(INT64_MIN),
+                                                 _mm512_set1_epi64(0x3FE0000000000000LL), 0xEA);
+  return _mm512_add_round_pd(v, _mm512_castsi512_pd(half), kRoundZero);
 }
 
-// Sixteen binary32 lanes (already scaled) rounded and saturated to D in 32-bit lanes. The lower
-// limit comes first with the lane as first operand, so a NaN lane takes the limit.
-template <class D, Rnd R>
-inline __m512i f32_to_i32(__m512 v) {
-  const __m512 r = _mm512_max_ps(round_to_int<R>(v), _mm512_set1_ps(static_cast<float>(Elem<D>::lo)));
+// Sixteen binary32 lanes (already scaled) rounded to 32-bit lanes that are at most D's maximum;
+// the lower limit is left to the store. The upper limit is applied first with the lane as second
+// operand, so a NaN lane stays NaN and converts to INT32_MIN, as lanes below -2^31 do.
+template <class D, Rnd R, bool Scaled>
+inline __m512i f32_to_i32(__m512 v, __m512 f) {
+  if constexpr (Scaled && R == Rnd::Away) {
+    // the product is exact (a power of two) but for overflow and underflow, so the half is added
+    // in the same rounding step; its sign is that of the product
+    const __m512i half = _mm512_ternarylogic_epi32(_mm512_castps_si512(v), _mm512_set1_epi32(INT32_MIN),
+                                                   _mm512_castps_si512(_mm512_or_ps(_mm512_and_ps(f, _mm512_set1_ps(-0.0f)), _mm512_set1_ps(0.5f))),
+                                                   0x6A);  // (v & sign) ^ (sign(f) | 0.5)
+    v = _mm512_fmadd_round_ps(v, f, _mm512_castsi512_ps(half), kRoundZero);
+  } else {
+    if constexpr (Scaled) v = _mm512_mul_ps(v, f);
+    v = prepare<R>(v);
+  }
+  if constexpr (Elem<D>::hi < (int64_t{1} << 24)) v = _mm512_min_ps(_mm512_set1_ps(static_cast<float>(Elem<D>::hi)), v);
+  const __m512i q = R == Rnd::Even ? _mm512_cvt_roundps_epi32(v, kRoundEven) : _mm512_cvtt_roundps_epi32(v, _MM_FROUND_NO_EXC);
   if constexpr (Elem<D>::hi < (int64_t{1} << 24)) {
-    return _mm512_cvtps_epi32(_mm512_min_ps(r, _mm512_set1_ps(static_cast<float>(Elem<D>::hi))));
+    return q;
   } else {  // 2^31 - 1 has no binary32: lanes from 2^31 up are set afterwards
-    const __mmask16 big = _mm512_cmp_ps_mask(r, _mm512_set1_ps(2147483648.0f), _CMP_GE_OQ);
-    return _mm512_mask_mov_epi32(_mm512_cvtps_epi32(r), big, _mm512_set1_epi32(INT32_MAX));
+    const __mmask16 big = _mm512_cmp_ps_mask(v, _mm512_set1_ps(2147483648.0f), _CMP_GE_OQ);
+    return _mm512_mask_mov_epi32(q, big, _mm512_set1_epi32(INT32_MAX));
   }
 }
 template <class D, Rnd R>
 inline __m256i f64_to_i32(__m512d v) {
-  const __m512d r = _mm512_max_pd(round_to_int<R>(v), _mm512_set1_pd(static_cast<double>(Elem<D>::lo)));
-  return _mm512_cvtpd_epi32(_mm512_min_pd(r, _mm512_set1_pd(static_cast<double>(Elem<D>::hi))));
+  v = _mm512_min_pd(_mm512_set1_pd(static_cast<double>(Elem<D>::hi)), prepare<R>(v));
+  return R == Rnd::Even ? _mm512_cvt_roundpd_epi32(v, kRoundEven) : _mm512_cvtt_roundpd_epi32(v, _MM_FROUND_NO_EXC);
 }
 
-// Runs the conversion of n elements to D: load(i, count) gives 16 source lanes (binary32) or a
-// pair of 8 (binary64), scaled by factor when Scaled.
+// Stores 32-bit lanes at most D's maximum, raising them to D's minimum first (INT32_MIN from NaN
+// included): by the saturating narrowing stores where D has one.
+template <class D, bool Full>
+inline void store_sat(ptr_t<D>* d, size_t i, size_t c, __m512i q) {
+  if constexpr (std::is_same_v<D, Vek16s>) {
+    store_epi16<Full>(d + i, c, _mm512_cvtsepi32_epi16(q));
+  } else if constexpr (std::is_same_v<D, Vek16u>) {
+    store_epi16<Full>(d + i, c, _mm512_cvtusepi32_epi16(_mm512_max_epi32(q, _mm512_setzero_si512())));
+  } else if constexpr (std::is_same_v<D, Vek8s>) {
+    store_i32<D, Full>(d, i, c, _mm512_max_epi32(q, _mm512_set1_epi32(-128)));
+  } else {
+    store_i32<D, Full>(d, i, c, _mm512_max_epi32(q, _mm512_set1_epi32(static_cast<int32_t>(Elem<D>::lo))));
+  }
+}
+
+// Runs the conversion of n elements to D: load(full, i, count) gives 16 source lanes (binary32),
+// load(i) the address of element i (binary64); lanes are scaled by factor when Scaled.
 template <class S, class D, Rnd R, bool Scaled, class Load>
 void f2i_run(ptr_t<D>* d, size_t n, S factor, Load&& load) {
   if constexpr (std::is_same_v<S, float>) {
     const __m512 f = _mm512_set1_ps(factor);
-    for (size_t i = 0; i < n; i += 16) {
-      const size_t c = n - i < 16 ? n - i : 16;
-      __m512 v = load(i, c);
-      if constexpr (Scaled) v = _mm512_mul_ps(v, f);
-      store_i32<D>(d, i, c, f32_to_i32<D, R>(v));
-    }
+    blocks<32>(n, [&](auto full, size_t i, size_t c) {
+      if constexpr (full && std::is_same_v<D, Vek16s>) {
+        // 32 elements: one saturating pack of two vectors, then the 64-bit groups back in order
+        const __m512i q0 = f32_to_i32<D, R, Scaled>(load(full, i, 16), f);
+        const __m512i q1 = f32_to_i32<D, R, Scaled>(load(full, i + 16, 16), f);
+        const __m512i packed = _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), _mm512_packs_epi32(q0, q1));
+        _mm512_storeu_si512(d + i, packed);
+      } else {
+        store_sat<D, full>(d, i, c < 16 ? c : 16, f32_to_i32<D, R, Scaled>(load(full, i, c < 16 ? c : 16), f));
+        if (full || c > 16) store_sat<D, full>(d, i + 16, c - 16, f32_to_i32<D, R, Scaled>(load(full, i + 16, c - 16), f));
+      }
+    });
   } else if constexpr (std::is_same_v<D, Vek64s>) {
     const __m512d f = _mm512_set1_pd(factor);
-    for (size_t i = 0; i < n; i += 8) {
-      const size_t c = n - i < 8 ? n - i : 8;
-      __m512d v = _mm512_maskz_loadu_pd(static_cast<__mmask8>(mask16(c)), load(i));
+    blocks<8>(n, [&](auto full, size_t i, size_t c) {
+      __m512d v = load_pd<full>(load(i), c);
       if constexpr (Scaled) v = _mm512_mul_pd(v, f);
-      // -2^63 and 2^63 are binary64 values; NaN and lanes below -2^63 take the lower limit.
-      const __m512d r = _mm512_max_pd(round_to_int<R>(v), _mm512_set1_pd(-9223372036854775808.0));
-      const __mmask8 big = _mm512_cmp_pd_mask(r, _mm512_set1_pd(9223372036854775808.0), _CMP_GE_OQ);
-      const __m512i q = _mm512_mask_mov_epi64(_mm512_cvtpd_epi64(r), big, _mm512_set1_epi64(INT64_MAX));
-      _mm512_mask_storeu_epi64(d + i, static_cast<__mmask8>(mask16(c)), q);
-    }
+      v = prepare<R>(v);
+      // NaN and lanes below -2^63 convert to INT64_MIN; lanes from 2^63 up are set afterwards.
+      const __m512i q0 = R == Rnd::Even ? _mm512_cvt_roundpd_epi64(v, kRoundEven) : _mm512_cvtt_roundpd_epi64(v, _MM_FROUND_NO_EXC);
+      const __mmask8 big = _mm512_cmp_pd_mask(v, _mm512_set1_pd(9223372036854775808.0), _CMP_GE_OQ);
+      const __m512i q = _mm512_mask_mov_epi64(q0, big, _mm512_set1_epi64(INT64_MAX));
+      if constexpr (full) {
+        _mm512_storeu_si512(d + i, q);
+      } else {
+        _mm512_mask_storeu_epi64(d + i, static_cast<__mmask8>(mask16(c)), q);
+      }
+    });
   } else {
     const __m512d f = _mm512_set1_pd(factor);
-    for (size_t i = 0; i < n; i += 16) {
-      const size_t c = n - i < 16 ? n - i : 16;
-      const __mmask16 m = mask16(c);
-      __m512d a = _mm512_maskz_loadu_pd(static_cast<__mmask8>(m), load(i));
-      __m512d b = _mm512_maskz_loadu_pd(static_cast<__mmask8>(m >> 8), load(i) + 8);
+    blocks<16>(n, [&](auto full, size_t i, size_t c) {
+      __m512d a = load_pd<full>(load(i), c);
+      __m512d b = load_pd<full>(load(i) + 8, c > 8 ? c - 8 : 0);
       if constexpr (Scaled) {
         a = _mm512_mul_pd(a, f);
         b = _mm512_mul_pd(b, f);
       }
       const __m512i q = _mm512_inserti64x4(_mm512_castsi256_si512(f64_to_i32<D, R>(a)), f64_to_i32<D, R>(b), 1);
-      store_i32<D>(d, i, c, q);
-    }
+      store_sat<D, full>(d, i, c, q);
+    });
   }
 }
 
@@ -285,7 +322,7 @@ VekStatus f2i(const S* s, ptr_t<D>* d, int len, int rnd, int sf) {
   const size_t n = static_cast<size_t>(len);
   if constexpr (std::is_same_v<S, float>) {
     f2i_dispatch<S, D>(d, n, Pick::pick(rnd), sf,
-                       [s](size_t i, size_t c) { return _mm512_maskz_loadu_ps(mask16(c), s + i); });
+                       [s](auto full, size_t i, size_t c) { return load_ps<full>(s + i, c); });
   } else {
     f2i_dispatch<S, D>(d, n, Pick::pick(rnd), sf, [s](size_t i) { return s + i; });
   }
@@ -342,17 +379,14 @@ inline __m256i float_to_half(__m512 v, bool hw) {
 template <bool ToZero, class Load>
 void to_half_run(Vek16f* d, size_t n, bool hw, Load&& load) {
   const FpScope fp(ToZero ? FpRound::Zero : FpRound::Nearest);
-  for (size_t i = 0; i < n; i += 16) {
-    const size_t c = n - i < 16 ? n - i : 16;
-    _mm256_mask_storeu_epi16(d + i, mask16(c), float_to_half<ToZero>(load(i, c), hw));
-  }
+  blocks<16>(n, [&](auto full, size_t i, size_t c) { store_epi16<full>(d + i, c, float_to_half<ToZero>(load(full, i, c), hw)); });
 }
 
 // rndMode 2 is refused; 0 rounds toward zero, every other value to nearest-even.
 inline VekStatus convert_32f16f(const Vek32f* s, Vek16f* d, int len, int rnd) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   if (rnd == 2) return vekStatusBadRoundMode;
-  const auto load = [s](size_t i, size_t c) { return _mm512_maskz_loadu_ps(mask16(c), s + i); };
+  const auto load = [s](auto full, size_t i, size_t c) { return load_ps<full>(s + i, c); };
   if (rnd == 0) {
     to_half_run<true>(d, static_cast<size_t>(len), hw_half(), load);
   } else {
@@ -365,8 +399,8 @@ inline VekStatus convert_32f16f(const Vek32f* s, Vek16f* d, int len, int rnd) {
 inline VekStatus convert_16s16f(const Vek16s* s, Vek16f* d, int len, int rnd) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   if (rnd != 0 && rnd != 1) return vekStatusBadRoundMode;
-  const auto load = [s](size_t i, size_t c) {
-    return _mm512_cvtepi32_ps(_mm512_cvtepi16_epi32(_mm256_maskz_loadu_epi16(mask16(c), s + i)));
+  const auto load = [s](auto full, size_t i, size_t c) {
+    return _mm512_cvtepi32_ps(_mm512_cvtepi16_epi32(load_epi16<full>(s + i, c)));
   };
   if (rnd == 0) {
     to_half_run<true>(d, static_cast<size_t>(len), hw_half(), load);
@@ -376,8 +410,9 @@ inline VekStatus convert_16s16f(const Vek16s* s, Vek16f* d, int len, int rnd) {
   return vekStatusOk;
 }
 
+template <bool Full>
 inline __m512 load_half(const Vek16f* s, size_t i, size_t c, bool hw) {
-  const __m256i h = _mm256_maskz_loadu_epi16(mask16(c), s + i);
+  const __m256i h = load_epi16<Full>(s + i, c);
   return hw ? _mm512_cvtph_ps(h) : half_to_float_sw(h);
 }
 
@@ -385,10 +420,7 @@ inline VekStatus convert_16f32f(const Vek16f* s, Vek32f* d, int len) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   const size_t n = static_cast<size_t>(len);
   const bool hw = hw_half();
-  for (size_t i = 0; i < n; i += 16) {
-    const size_t c = n - i < 16 ? n - i : 16;
-    _mm512_mask_storeu_ps(d + i, mask16(c), load_half(s, i, c, hw));
-  }
+  blocks<16>(n, [&](auto full, size_t i, size_t c) { store_ps<full>(d + i, c, load_half<full>(s, i, c, hw)); });
   return vekStatusOk;
 }
 
@@ -400,7 +432,7 @@ inline VekStatus convert_16f16s_sfs(const Vek16f* s, Vek16s* d, int len, int rnd
   const FpScope fp;
   const bool hw = hw_half();
   f2i_dispatch<float, Vek16s>(d, static_cast<size_t>(len), PickAwayOtherwise::pick(rnd), sf,
-                              [s, hw](size_t i, size_t c) { return load_half(s, i, c, hw); });
+                              [s, hw](auto full, size_t i, size_t c) { return load_half<full>(s, i, c, hw); });
   return vekStatusOk;
 }
 
@@ -430,12 +462,18 @@ VekStatus real_to_cplx(const part_t<C>* re, const part_t<C>* im, C* d, int len) 
   constexpr size_t K = 32 / sizeof(T);
   T* out = reinterpret_cast<T*>(d);
   const size_t n = static_cast<size_t>(len);
-  for (size_t i = 0; i < n; i += K) {
-    const size_t c = n - i < K ? n - i : K;
-    const simd::VecN<T, K> a = re ? simd::load_first<K>(re + i, c) : simd::VecN<T, K>{};
-    const simd::VecN<T, K> b = im ? simd::load_first<K>(im + i, c) : simd::VecN<T, K>{};
-    simd::store_first(out + 2 * i, 2 * c, detail::interleave<T, K>(a, b, std::make_index_sequence<2 * K>{}));
-  }
+  blocks<K>(n, [&](auto full, size_t i, size_t c) {
+    const auto get = [&](const T* p) {
+      if (p == nullptr) return simd::VecN<T, K>{};
+      return full ? simd::load<K>(p + i) : simd::load_first<K>(p + i, c);
+    };
+    const auto v = detail::interleave<T, K>(get(re), get(im), std::make_index_sequence<2 * K>{});
+    if constexpr (full) {
+      simd::store(out + 2 * i, v);
+    } else {
+      simd::store_first(out + 2 * i, 2 * c, v);
+    }
+  });
   return vekStatusOk;
 }
 
@@ -445,12 +483,18 @@ void split_parts(const C* s, part_t<C>* re, part_t<C>* im, size_t n) {
   using T = part_t<C>;
   constexpr size_t K = 32 / sizeof(T);
   const T* in = reinterpret_cast<const T*>(s);
-  for (size_t i = 0; i < n; i += K) {
-    const size_t c = n - i < K ? n - i : K;
-    const simd::VecN<T, 2 * K> v = simd::load_first<2 * K>(in + 2 * i, 2 * c);
-    if constexpr (WantRe) simd::store_first(re + i, c, detail::every_other<0, T, 2 * K>(v, std::make_index_sequence<K>{}));
-    if constexpr (WantIm) simd::store_first(im + i, c, detail::every_other<1, T, 2 * K>(v, std::make_index_sequence<K>{}));
-  }
+  blocks<K>(n, [&](auto full, size_t i, size_t c) {
+    const simd::VecN<T, 2 * K> v = full ? simd::load<2 * K>(in + 2 * i) : simd::load_first<2 * K>(in + 2 * i, 2 * c);
+    const auto put = [&](T* p, auto part) {
+      if constexpr (full) {
+        simd::store(p + i, part);
+      } else {
+        simd::store_first(p + i, c, part);
+      }
+    };
+    if constexpr (WantRe) put(re, detail::every_other<0, T, 2 * K>(v, std::make_index_sequence<K>{}));
+    if constexpr (WantIm) put(im, detail::every_other<1, T, 2 * K>(v, std::make_index_sequence<K>{}));
+  });
 }
 
 template <class C>

@@ -68,37 +68,87 @@ inline void store24(Vek8u* p, size_t count, __m512i v) {
   _mm512_mask_storeu_epi8(p, mask_bytes(3 * count), dense);
 }
 
+// Runs step(full, i, count) over [0, n) in blocks of N elements: full is std::true_type for every
+// whole block (plain loads and stores) and std::false_type for the one partial block at the end
+// (masked loads and stores).
+template <size_t N, class Step>
+inline void blocks(size_t n, Step&& step) {
+  size_t i = 0;
+  for (; i + N <= n; i += N) step(std::true_type{}, i, N);
+  if (i < n) step(std::false_type{}, i, n - i);
+}
+
+template <bool Full>
+inline __m512 load_ps(const float* p, size_t count) {
+  if constexpr (Full) return _mm512_loadu_ps(p);
+  return _mm512_maskz_loadu_ps(mask16(count), p);
+}
+template <bool Full>
+inline __m512d load_pd(const double* p, size_t count) {
+  if constexpr (Full) return _mm512_loadu_pd(p);
+  return _mm512_maskz_loadu_pd(static_cast<__mmask8>(mask16(count)), p);
+}
+template <bool Full>
+inline __m256i load_epi16(const void* p, size_t count) {
+  if constexpr (Full) return _mm256_loadu_si256(static_cast<const __m256i*>(p));
+  return _mm256_maskz_loadu_epi16(mask16(count), p);
+}
+template <bool Full>
+inline void store_ps(float* p, size_t count, __m512 v) {
+  if constexpr (Full) {
+    _mm512_storeu_ps(p, v);
+  } else {
+    _mm512_mask_storeu_ps(p, mask16(count), v);
+  }
+}
+template <bool Full>
+inline void store_epi16(void* p, size_t count, __m256i v) {
+  if constexpr (Full) {
+    _mm256_storeu_si256(static_cast<__m256i*>(p), v);
+  } else {
+    _mm256_mask_storeu_epi16(p, mask16(count), v);
+  }
+}
+
 // Elements [i, i + count) of an integer vector (8 to 32 bits, or packed 24-bit) in 32-bit lanes.
-template <class T>
+template <class T, bool Full = false>
 inline __m512i load_i32(const ptr_t<T>* s, size_t i, size_t count) {
-  const __mmask16 m = mask16(count);
+  const __mmask16 m = Full ? __mmask16(0xFFFF) : mask16(count);
   if constexpr (is24<T>) {
     return load24<T>(s + 3 * i, count);
   } else if constexpr (sizeof(T) == 1) {
-    const __m128i b = _mm_maskz_loadu_epi8(m, s + i);
+    const __m128i b = Full ? _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i)) : _mm_maskz_loadu_epi8(m, s + i);
     return std::is_signed_v<T> ? _mm512_cvtepi8_epi32(b) : _mm512_cvtepu8_epi32(b);
   } else if constexpr (sizeof(T) == 2) {
-    const __m256i h = _mm256_maskz_loadu_epi16(m, s + i);
+    const __m256i h = load_epi16<Full>(s + i, count);
     return std::is_signed_v<T> ? _mm512_cvtepi16_epi32(h) : _mm512_cvtepu16_epi32(h);
   } else {
     static_assert(sizeof(T) == 4);
-    return _mm512_maskz_loadu_epi32(m, s + i);
+    return Full ? _mm512_loadu_si512(s + i) : _mm512_maskz_loadu_epi32(m, s + i);
   }
 }
 
 // Stores 32-bit lanes already within the range of T at elements [i, i + count).
-template <class T>
+template <class T, bool Full = false>
 inline void store_i32(ptr_t<T>* d, size_t i, size_t count, __m512i q) {
   const __mmask16 m = mask16(count);
   if constexpr (is24<T>) {
     store24(d + 3 * i, count, q);
   } else if constexpr (sizeof(T) == 1) {
-    _mm_mask_storeu_epi8(d + i, m, _mm512_cvtepi32_epi8(q));
+    if constexpr (Full) {
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(d + i), _mm512_cvtepi32_epi8(q));
+    } else {
+      _mm_mask_storeu_epi8(d + i, m, _mm512_cvtepi32_epi8(q));
+    }
   } else if constexpr (sizeof(T) == 2) {
-    _mm256_mask_storeu_epi16(d + i, m, _mm512_cvtepi32_epi16(q));
+    store_epi16<Full>(d + i, count, _mm512_cvtepi32_epi16(q));
   } else {
     static_assert(sizeof(T) == 4);
-    _mm512_mask_storeu_epi32(d + i, m, q);
+    if constexpr (Full) {
+      _mm512_storeu_si512(d + i, q);
+    } else {
+      _mm512_mask_storeu_epi32(d + i, m, q);
+    }
   }
 }
 
