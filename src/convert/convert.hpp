@@ -42,15 +42,15 @@ VekStatus widen(const ptr_t<S>* s, D* d, int len) {
     blocks<16>(n, [&](auto full, size_t i, size_t c) {
       const __m512i v = load_i32<S>(s, i, c);
       if constexpr (std::is_floating_point_v<D>) {
-        store_ps<full>(d + i, c, _mm512_cvtepi32_ps(v));  // 24 bits: exact
+        store_ps<decltype(full)>(d + i, c, _mm512_cvtepi32_ps(v));  // 24 bits: exact
       } else {
-        store_i32<Vek32s, full>(reinterpret_cast<Vek32s*>(d), i, c, v);
+        store_i32<Vek32s, decltype(full)>(reinterpret_cast<Vek32s*>(d), i, c, v);
       }
     });
   } else {
     const FpScope fp(FpRound::Caller);
     using W = std::conditional_t<(sizeof(D) > sizeof(S)), D, std::conditional_t<std::is_floating_point_v<D>, D, S>>;
-    map<W>(n, d, [](auto x) { return x; }, s);
+    map_nt<W>(n, d, [](auto x) { return x; }, s);
   }
   return vekStatusOk;
 }
@@ -61,7 +61,7 @@ VekStatus widen_sfs(const S* s, D* d, int len, int sf) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   const FpScope fp(FpRound::Caller);
   const D e = -static_cast<D>(sf);
-  map<D>(static_cast<size_t>(len), d, [e](auto x) { return scale2(x, simd::splat<decltype(x)>(e)); }, s);
+  map_nt<D>(static_cast<size_t>(len), d, [e](auto x) { return scale2(x, simd::splat<decltype(x)>(e)); }, s);
   return vekStatusOk;
 }
 
@@ -233,7 +233,7 @@ inline __m256i f64_to_i32(__m512d v) {
 
 // Stores 32-bit lanes at most D's maximum, raising them to D's minimum first (INT32_MIN from NaN
 // included): by the saturating narrowing stores where D has one.
-template <class D, bool Full>
+template <class D, class Full>
 inline void store_sat(ptr_t<D>* d, size_t i, size_t c, __m512i q) {
   if constexpr (std::is_same_v<D, Vek16s>) {
     store_epi16<Full>(d + i, c, _mm512_cvtsepi32_epi16(q));
@@ -252,21 +252,22 @@ template <class S, class D, Rnd R, bool Scaled, class Load>
 void f2i_run(ptr_t<D>* d, size_t n, S factor, Load&& load) {
   if constexpr (std::is_same_v<S, float>) {
     const __m512 f = _mm512_set1_ps(factor);
-    blocks<32>(n, [&](auto full, size_t i, size_t c) {
+    blocks_nt<32, sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)>(n, d, n * (4 + sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)), [=](auto full, size_t i, size_t c) {
+      using K = decltype(full);
       if constexpr (full && std::is_same_v<D, Vek16s>) {
         // 32 elements: one saturating pack of two vectors, then the 64-bit groups back in order
         const __m512i q0 = f32_to_i32<D, R, Scaled>(load(full, i, 16), f);
         const __m512i q1 = f32_to_i32<D, R, Scaled>(load(full, i + 16, 16), f);
         const __m512i packed = _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), _mm512_packs_epi32(q0, q1));
-        _mm512_storeu_si512(d + i, packed);
+        put<K>(d + i, 64, packed);
       } else {
-        store_sat<D, full>(d, i, c < 16 ? c : 16, f32_to_i32<D, R, Scaled>(load(full, i, c < 16 ? c : 16), f));
-        if (full || c > 16) store_sat<D, full>(d, i + 16, c - 16, f32_to_i32<D, R, Scaled>(load(full, i + 16, c - 16), f));
+        store_sat<D, K>(d, i, c < 16 ? c : 16, f32_to_i32<D, R, Scaled>(load(full, i, c < 16 ? c : 16), f));
+        if (full || c > 16) store_sat<D, K>(d, i + 16, c - 16, f32_to_i32<D, R, Scaled>(load(full, i + 16, c - 16), f));
       }
     });
   } else if constexpr (std::is_same_v<D, Vek64s>) {
     const __m512d f = _mm512_set1_pd(factor);
-    blocks<8>(n, [&](auto full, size_t i, size_t c) {
+    blocks_nt<8, 8>(n, d, 16 * n, [=](auto full, size_t i, size_t c) {
       __m512d v = load_pd<full>(load(i), c);
       if constexpr (Scaled) v = _mm512_mul_pd(v, f);
       v = prepare<R>(v);
@@ -274,15 +275,11 @@ void f2i_run(ptr_t<D>* d, size_t n, S factor, Load&& load) {
       const __m512i q0 = R == Rnd::Even ? _mm512_cvt_roundpd_epi64(v, kRoundEven) : _mm512_cvtt_roundpd_epi64(v, _MM_FROUND_NO_EXC);
       const __mmask8 big = _mm512_cmp_pd_mask(v, _mm512_set1_pd(9223372036854775808.0), _CMP_GE_OQ);
       const __m512i q = _mm512_mask_mov_epi64(q0, big, _mm512_set1_epi64(INT64_MAX));
-      if constexpr (full) {
-        _mm512_storeu_si512(d + i, q);
-      } else {
-        _mm512_mask_storeu_epi64(d + i, static_cast<__mmask8>(mask16(c)), q);
-      }
+      put<decltype(full)>(d + i, 8 * c, q);
     });
   } else {
     const __m512d f = _mm512_set1_pd(factor);
-    blocks<16>(n, [&](auto full, size_t i, size_t c) {
+    blocks_nt<16, sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)>(n, d, n * (8 + sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)), [=](auto full, size_t i, size_t c) {
       __m512d a = load_pd<full>(load(i), c);
       __m512d b = load_pd<full>(load(i) + 8, c > 8 ? c - 8 : 0);
       if constexpr (Scaled) {
@@ -290,7 +287,7 @@ void f2i_run(ptr_t<D>* d, size_t n, S factor, Load&& load) {
         b = _mm512_mul_pd(b, f);
       }
       const __m512i q = _mm512_inserti64x4(_mm512_castsi256_si512(f64_to_i32<D, R>(a)), f64_to_i32<D, R>(b), 1);
-      store_sat<D, full>(d, i, c, q);
+      store_sat<D, decltype(full)>(d, i, c, q);
     });
   }
 }
@@ -379,7 +376,9 @@ inline __m256i float_to_half(__m512 v, bool hw) {
 template <bool ToZero, class Load>
 void to_half_run(Vek16f* d, size_t n, bool hw, Load&& load) {
   const FpScope fp(ToZero ? FpRound::Zero : FpRound::Nearest);
-  blocks<16>(n, [&](auto full, size_t i, size_t c) { store_epi16<full>(d + i, c, float_to_half<ToZero>(load(full, i, c), hw)); });
+  blocks_nt<16, 2>(n, d, 6 * n, [&](auto full, size_t i, size_t c) {
+    store_epi16<decltype(full)>(d + i, c, float_to_half<ToZero>(load(full, i, c), hw));
+  });
 }
 
 // rndMode 2 is refused; 0 rounds toward zero, every other value to nearest-even.
@@ -420,7 +419,9 @@ inline VekStatus convert_16f32f(const Vek16f* s, Vek32f* d, int len) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   const size_t n = static_cast<size_t>(len);
   const bool hw = hw_half();
-  blocks<16>(n, [&](auto full, size_t i, size_t c) { store_ps<full>(d + i, c, load_half<full>(s, i, c, hw)); });
+  blocks_nt<16, 4>(n, d, 6 * n, [&](auto full, size_t i, size_t c) {
+    store_ps<decltype(full)>(d + i, c, load_half<full>(s, i, c, hw));
+  });
   return vekStatusOk;
 }
 

@@ -8,10 +8,20 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
+#include "frame/map.hpp"
+#include "vekcore.h"
 #include "veks.h"
+
+// g++ 12 reports the deliberately undefined upper lanes inside its own AVX-512 conversion
+// intrinsics as uninitialized once they are inlined here (the build already silences the "maybe"
+// form of the same report).
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wuninitialized"
+#endif
 
 namespace veks::cvt {
 
@@ -68,14 +78,72 @@ inline void store24(Vek8u* p, size_t count, __m512i v) {
   _mm512_mask_storeu_epi8(p, mask_bytes(3 * count), dense);
 }
 
-// Runs step(full, i, count) over [0, n) in blocks of N elements: full is std::true_type for every
-// whole block (plain loads and stores) and std::false_type for the one partial block at the end
-// (masked loads and stores).
+// What a block is: whole (plain loads and stores) or the partial one at the end (masked), and
+// whether its stores bypass the caches.
+template <bool Full, bool Stream = false>
+struct Kind : std::bool_constant<Full> {
+  static constexpr bool stream = Stream;
+};
+
+// Runs step(kind, i, count) over [0, n) in blocks of N elements.
 template <size_t N, class Step>
-inline void blocks(size_t n, Step&& step) {
+[[gnu::always_inline]] inline void blocks(size_t n, Step&& step) {
   size_t i = 0;
-  for (; i + N <= n; i += N) step(std::true_type{}, i, N);
-  if (i < n) step(std::false_type{}, i, n - i);
+  for (; i + N <= n; i += N) step(Kind<true>{}, i, N);
+  if (i < n) step(Kind<false>{}, i, n - i);
+}
+
+// Calls that move more bytes than the largest cache holds store around the caches (as the block
+// copy does), so no destination line is read before it is written.
+inline bool worth_streaming(size_t traffic) {
+  if (traffic < (size_t{4} << 20)) return false;
+  int size = 0;
+  return vekGetMaxCacheSizeB(&size) == vekStatusOk && size > 0 && traffic >= static_cast<size_t>(size);
+}
+
+// blocks() for a destination d of EB-byte elements: when worth streaming, the elements up to the
+// first 64-byte boundary of d run as usual, the whole blocks after it with non-temporal stores
+// (each block's stores then stay aligned to their size), the tail as usual, then a fence.
+template <size_t N, size_t EB, class Step>
+[[gnu::always_inline]] inline void blocks_nt(size_t n, const void* d, size_t traffic, Step&& step) {
+  const uintptr_t a = reinterpret_cast<uintptr_t>(d);
+  const size_t head = ((64 - a % 64) % 64) / EB;
+  if (a % EB != 0 || head + N > n || !worth_streaming(traffic)) return blocks<N>(n, step);
+  blocks<N>(head, step);
+  size_t i = head;
+  for (; i + N <= n; i += N) step(Kind<true, true>{}, i, N);
+  if (i < n) step(Kind<false>{}, i, n - i);
+  _mm_sfence();
+}
+
+// Plain, non-temporal or masked store of one vector.
+template <class K, class V>
+inline void put(void* p, size_t bytes, V v) {
+  if constexpr (K::stream) {
+    if constexpr (sizeof(V) == 64) _mm512_stream_si512(static_cast<__m512i*>(p), reinterpret_cast<__m512i>(v));
+    if constexpr (sizeof(V) == 32) _mm256_stream_si256(static_cast<__m256i*>(p), reinterpret_cast<__m256i>(v));
+    if constexpr (sizeof(V) == 16) _mm_stream_si128(static_cast<__m128i*>(p), reinterpret_cast<__m128i>(v));
+  } else if constexpr (K::value) {
+    std::memcpy(p, &v, sizeof v);
+  } else {
+    const uint64_t m = mask_bytes(bytes);
+    if constexpr (sizeof(V) == 64) _mm512_mask_storeu_epi8(p, m, reinterpret_cast<__m512i>(v));
+    if constexpr (sizeof(V) == 32) _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(m), reinterpret_cast<__m256i>(v));
+    if constexpr (sizeof(V) == 16) _mm_mask_storeu_epi8(p, static_cast<__mmask16>(m), reinterpret_cast<__m128i>(v));
+  }
+}
+
+// frame's map() with the body's stores non-temporal when the call is worth streaming.
+template <class W, class TD, class F, class... TS>
+inline void map_nt(size_t n, TD* d, F&& f, const TS*... s) {
+  constexpr size_t N = map_lanes<W, TD, TS...>;
+  blocks_nt<N, sizeof(TD)>(n, d, n * (sizeof(TD) + (sizeof(TS) + ... + 0)), [&](auto kind, size_t i, size_t c) {
+    if constexpr (kind) {
+      put<decltype(kind)>(d + i, 0, simd::convert<TD>(f(simd::convert<W>(simd::load<N>(s + i))...)));
+    } else {
+      put<decltype(kind)>(d + i, c * sizeof(TD), simd::convert<TD>(f(simd::convert<W>(simd::load_first<N>(s + i, c))...)));
+    }
+  });
 }
 
 template <bool Full>
@@ -93,21 +161,13 @@ inline __m256i load_epi16(const void* p, size_t count) {
   if constexpr (Full) return _mm256_loadu_si256(static_cast<const __m256i*>(p));
   return _mm256_maskz_loadu_epi16(mask16(count), p);
 }
-template <bool Full>
+template <class K>
 inline void store_ps(float* p, size_t count, __m512 v) {
-  if constexpr (Full) {
-    _mm512_storeu_ps(p, v);
-  } else {
-    _mm512_mask_storeu_ps(p, mask16(count), v);
-  }
+  put<K>(p, 4 * count, v);
 }
-template <bool Full>
+template <class K>
 inline void store_epi16(void* p, size_t count, __m256i v) {
-  if constexpr (Full) {
-    _mm256_storeu_si256(static_cast<__m256i*>(p), v);
-  } else {
-    _mm256_mask_storeu_epi16(p, mask16(count), v);
-  }
+  put<K>(p, 2 * count, v);
 }
 
 // Elements [i, i + count) of an integer vector (8 to 32 bits, or packed 24-bit) in 32-bit lanes.
@@ -129,26 +189,17 @@ inline __m512i load_i32(const ptr_t<T>* s, size_t i, size_t count) {
 }
 
 // Stores 32-bit lanes already within the range of T at elements [i, i + count).
-template <class T, bool Full = false>
+template <class T, class K>
 inline void store_i32(ptr_t<T>* d, size_t i, size_t count, __m512i q) {
-  const __mmask16 m = mask16(count);
   if constexpr (is24<T>) {
     store24(d + 3 * i, count, q);
   } else if constexpr (sizeof(T) == 1) {
-    if constexpr (Full) {
-      _mm_storeu_si128(reinterpret_cast<__m128i*>(d + i), _mm512_cvtepi32_epi8(q));
-    } else {
-      _mm_mask_storeu_epi8(d + i, m, _mm512_cvtepi32_epi8(q));
-    }
+    put<K>(d + i, count, _mm512_cvtepi32_epi8(q));
   } else if constexpr (sizeof(T) == 2) {
-    store_epi16<Full>(d + i, count, _mm512_cvtepi32_epi16(q));
+    put<K>(d + i, 2 * count, _mm512_cvtepi32_epi16(q));
   } else {
     static_assert(sizeof(T) == 4);
-    if constexpr (Full) {
-      _mm512_storeu_si512(d + i, q);
-    } else {
-      _mm512_mask_storeu_epi32(d + i, m, q);
-    }
+    put<K>(d + i, 4 * count, q);
   }
 }
 

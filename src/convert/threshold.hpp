@@ -13,6 +13,7 @@
 #include <type_traits>
 
 #include "convert/fpenv.hpp"
+#include "convert/lanes.hpp"
 #include "frame/check.hpp"
 #include "frame/map.hpp"
 #include "frame/split.hpp"
@@ -40,9 +41,9 @@ VekStatus each(const T* s, T* d, int len, F&& f) {
   const size_t n = static_cast<size_t>(len);
   if constexpr (is_float<T>) {
     const FpScope fp;
-    map<W>(n, d, f, s);
+    cvt::map_nt<W>(n, d, f, s);
   } else {
-    map<W>(n, d, f, s);
+    cvt::map_nt<W>(n, d, f, s);
   }
   return vekStatusOk;
 }
