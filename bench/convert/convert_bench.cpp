@@ -20,14 +20,17 @@ int main(int argc, char** argv) {
     veksConvert_32f16f(f32, h16, len, 1);
     for (int sf : {0, 3}) {
       for (int mode : {0, 1, 2}) {
-        const std::string name = "32f16s_Sfs mode " + std::to_string(mode) + (sf ? " sf 3" : " sf 0");
-        table.add(name, col, 6 * n, [=] { return veksConvert_32f16s_Sfs(f32, d16, len, mode, sf); });
+        const std::string name =
+            "32f16s_Sfs mode " + std::to_string(mode) + (sf ? " sf 3" : " sf 0");
+        table.add(name, col, 6 * n,
+                  [=] { return veksConvert_32f16s_Sfs(f32, d16, len, mode, sf); });
       }
     }
     table.add("16s32f", col, 6 * n, [=] { return veksConvert_16s32f(s16, d32, len); });
     table.add("32f16f", col, 6 * n, [=] { return veksConvert_32f16f(f32, h16, len, 1); });
     table.add("16f32f", col, 6 * n, [=] { return veksConvert_16f32f(h16, d32, len); });
-    table.add("Threshold_LT_32f", col, 8 * n, [=] { return veksThreshold_LT_32f(f32, d32, len, 0.0f); });
+    table.add("Threshold_LT_32f", col, 8 * n,
+              [=] { return veksThreshold_LT_32f(f32, d32, len, 0.0f); });
   }
   return table.main(argc, argv, "Conversion and thresholding");
 }

@@ -26,9 +26,11 @@ namespace veks::cvt {
 template <class L>
 inline L scale2(L x, L e) {
   if constexpr (sizeof(simd::lane_t<L>) == 4) {
-    return reinterpret_cast<L>(_mm512_scalef_ps(reinterpret_cast<__m512>(x), reinterpret_cast<__m512>(e)));
+    return reinterpret_cast<L>(
+        _mm512_scalef_ps(reinterpret_cast<__m512>(x), reinterpret_cast<__m512>(e)));
   } else {
-    return reinterpret_cast<L>(_mm512_scalef_pd(reinterpret_cast<__m512d>(x), reinterpret_cast<__m512d>(e)));
+    return reinterpret_cast<L>(
+        _mm512_scalef_pd(reinterpret_cast<__m512d>(x), reinterpret_cast<__m512d>(e)));
   }
 }
 
@@ -49,8 +51,10 @@ VekStatus widen(const ptr_t<S>* s, D* d, int len) {
     });
   } else {
     const FpScope fp(FpRound::Caller);
-    using W = std::conditional_t<(sizeof(D) > sizeof(S)), D, std::conditional_t<std::is_floating_point_v<D>, D, S>>;
-    map_nt<W>(n, d, [](auto x) { return x; }, s);
+    using W = std::conditional_t<(sizeof(D) > sizeof(S)), D,
+                                 std::conditional_t<std::is_floating_point_v<D>, D, S>>;
+    map_nt<W>(
+        n, d, [](auto x) { return x; }, s);
   }
   return vekStatusOk;
 }
@@ -61,7 +65,9 @@ VekStatus widen_sfs(const S* s, D* d, int len, int sf) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   const FpScope fp(FpRound::Caller);
   const D e = -static_cast<D>(sf);
-  map_nt<D>(static_cast<size_t>(len), d, [e](auto x) { return scale2(x, simd::splat<decltype(x)>(e)); }, s);
+  map_nt<D>(
+      static_cast<size_t>(len), d, [e](auto x) { return scale2(x, simd::splat<decltype(x)>(e)); },
+      s);
   return vekStatusOk;
 }
 
@@ -83,7 +89,8 @@ struct NarrowDown {  // 0 < sf < bits(W)
   int sf;
   template <class L>
   L operator()(L r) const {
-    const W rem_mask = static_cast<W>((uint64_t{1} << sf) - 1), half = static_cast<W>(uint64_t{1} << (sf - 1));
+    const W rem_mask = static_cast<W>((uint64_t{1} << sf) - 1),
+            half = static_cast<W>(uint64_t{1} << (sf - 1));
     const L q = r >> sf, rem = r & rem_mask;
     const L up = (rem > half) | ((rem == half) & ((q & 1) != 0));  // -1 where rounding up
     return simd::clamp(L(q - up), simd::splat<L>(lo), simd::splat<L>(hi));
@@ -95,7 +102,8 @@ struct NarrowUp {  // 0 < -sf < bits of the destination: clamp first so the shif
   int k;
   template <class L>
   L operator()(L r) const {
-    const L c = simd::clamp(r, simd::splat<L>(static_cast<W>((lo >> k) - 1)), simd::splat<L>(static_cast<W>((hi >> k) + 1)));
+    const L c = simd::clamp(r, simd::splat<L>(static_cast<W>((lo >> k) - 1)),
+                            simd::splat<L>(static_cast<W>((hi >> k) + 1)));
     return simd::clamp(L(c << k), simd::splat<L>(lo), simd::splat<L>(hi));
   }
 };
@@ -105,7 +113,8 @@ struct NarrowSign {  // only the sign of r counts
   template <class L>
   L operator()(L r) const {
     const L z = simd::splat<L>(0);
-    return simd::select<L>(r > z, simd::splat<L>(hi), simd::select<L>(r < z, simd::splat<L>(lo), z));
+    return simd::select<L>(r > z, simd::splat<L>(hi),
+                           simd::select<L>(r < z, simd::splat<L>(lo), z));
   }
 };
 
@@ -135,9 +144,11 @@ VekStatus narrow_sfs(const S* s, ptr_t<D>* d, int len, int sf) {
   const size_t n = static_cast<size_t>(len);
   with_narrow<D, W>(sf, [&](auto policy) {
     blocks<N>(n, [&](auto full, size_t i, size_t c) {
-      const auto r = policy(simd::convert<W>(full ? simd::load<N>(s + i) : simd::load_first<N>(s + i, c)));
+      const auto r =
+          policy(simd::convert<W>(full ? simd::load<N>(s + i) : simd::load_first<N>(s + i, c)));
       if constexpr (is24<D>) {
-        store24(d + 3 * i, c, _mm512_zextsi256_si512(reinterpret_cast<__m256i>(simd::convert<int32_t>(r))));
+        store24(d + 3 * i, c,
+                _mm512_zextsi256_si512(reinterpret_cast<__m256i>(simd::convert<int32_t>(r))));
       } else if constexpr (full) {
         simd::store(d + i, simd::convert<D>(r));
       } else {
@@ -173,7 +184,8 @@ inline F factor_of(int sf) {
   using U = std::conditional_t<sizeof(F) == 4, uint32_t, uint64_t>;
   constexpr U one = static_cast<U>(sizeof(F) == 4 ? 0x3F800000ULL : 0x3FF0000000000000ULL);
   constexpr U step = U{1} << (sizeof(F) == 4 ? 23 : 52);
-  const U bits = static_cast<U>(one - static_cast<U>(static_cast<std::make_signed_t<U>>(sf)) * step);
+  const U bits =
+      static_cast<U>(one - static_cast<U>(static_cast<std::make_signed_t<U>>(sf)) * step);
   F f;
   std::memcpy(&f, &bits, sizeof f);
   return f;
@@ -188,15 +200,17 @@ constexpr int kRoundZero = _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC;
 template <Rnd R>
 inline __m512 prepare(__m512 v) {
   if constexpr (R != Rnd::Away) return v;
-  const __m512i half = _mm512_ternarylogic_epi32(_mm512_castps_si512(v), _mm512_set1_epi32(INT32_MIN),
-                                                 _mm512_set1_epi32(0x3F000000), 0xEA);  // (v & sign) | 0.5
+  const __m512i half =
+      _mm512_ternarylogic_epi32(_mm512_castps_si512(v), _mm512_set1_epi32(INT32_MIN),
+                                _mm512_set1_epi32(0x3F000000), 0xEA);  // (v & sign) | 0.5
   return _mm512_add_round_ps(v, _mm512_castsi512_ps(half), kRoundZero);
 }
 template <Rnd R>
 inline __m512d prepare(__m512d v) {
   if constexpr (R != Rnd::Away) return v;
-  const __m512i half = _mm512_ternarylogic_epi64(_mm512_castpd_si512(v), _mm512_set1_epi64(INT64_MIN),
-                                                 _mm512_set1_epi64(0x3FE0000000000000LL), 0xEA);
+  const __m512i half =
+      _mm512_ternarylogic_epi64(_mm512_castpd_si512(v), _mm512_set1_epi64(INT64_MIN),
+                                _mm512_set1_epi64(0x3FE0000000000000LL), 0xEA);
   return _mm512_add_round_pd(v, _mm512_castsi512_pd(half), kRoundZero);
 }
 
@@ -208,16 +222,20 @@ inline __m512i f32_to_i32(__m512 v, __m512 f) {
   if constexpr (Scaled && R == Rnd::Away) {
     // the product is exact (a power of two) but for overflow and underflow, so the half is added
     // in the same rounding step; its sign is that of the product
-    const __m512i half = _mm512_ternarylogic_epi32(_mm512_castps_si512(v), _mm512_set1_epi32(INT32_MIN),
-                                                   _mm512_castps_si512(_mm512_or_ps(_mm512_and_ps(f, _mm512_set1_ps(-0.0f)), _mm512_set1_ps(0.5f))),
-                                                   0x6A);  // (v & sign) ^ (sign(f) | 0.5)
+    const __m512i half = _mm512_ternarylogic_epi32(
+        _mm512_castps_si512(v), _mm512_set1_epi32(INT32_MIN),
+        _mm512_castps_si512(
+            _mm512_or_ps(_mm512_and_ps(f, _mm512_set1_ps(-0.0f)), _mm512_set1_ps(0.5f))),
+        0x6A);  // (v & sign) ^ (sign(f) | 0.5)
     v = _mm512_fmadd_round_ps(v, f, _mm512_castsi512_ps(half), kRoundZero);
   } else {
     if constexpr (Scaled) v = _mm512_mul_ps(v, f);
     v = prepare<R>(v);
   }
-  if constexpr (Elem<D>::hi < (int64_t{1} << 24)) v = _mm512_min_ps(_mm512_set1_ps(static_cast<float>(Elem<D>::hi)), v);
-  const __m512i q = R == Rnd::Even ? _mm512_cvt_roundps_epi32(v, kRoundEven) : _mm512_cvtt_roundps_epi32(v, _MM_FROUND_NO_EXC);
+  if constexpr (Elem<D>::hi < (int64_t{1} << 24))
+    v = _mm512_min_ps(_mm512_set1_ps(static_cast<float>(Elem<D>::hi)), v);
+  const __m512i q = R == Rnd::Even ? _mm512_cvt_roundps_epi32(v, kRoundEven)
+                                   : _mm512_cvtt_roundps_epi32(v, _MM_FROUND_NO_EXC);
   if constexpr (Elem<D>::hi < (int64_t{1} << 24)) {
     return q;
   } else {  // 2^31 - 1 has no binary32: lanes from 2^31 up are set afterwards
@@ -228,7 +246,8 @@ inline __m512i f32_to_i32(__m512 v, __m512 f) {
 template <class D, Rnd R>
 inline __m256i f64_to_i32(__m512d v) {
   v = _mm512_min_pd(_mm512_set1_pd(static_cast<double>(Elem<D>::hi)), prepare<R>(v));
-  return R == Rnd::Even ? _mm512_cvt_roundpd_epi32(v, kRoundEven) : _mm512_cvtt_roundpd_epi32(v, _MM_FROUND_NO_EXC);
+  return R == Rnd::Even ? _mm512_cvt_roundpd_epi32(v, kRoundEven)
+                        : _mm512_cvtt_roundpd_epi32(v, _MM_FROUND_NO_EXC);
 }
 
 // Stores 32-bit lanes at most D's maximum, raising them to D's minimum first (INT32_MIN from NaN
@@ -238,11 +257,13 @@ inline void store_sat(ptr_t<D>* d, size_t i, size_t c, __m512i q) {
   if constexpr (std::is_same_v<D, Vek16s>) {
     store_epi16<Full>(d + i, c, _mm512_cvtsepi32_epi16(q));
   } else if constexpr (std::is_same_v<D, Vek16u>) {
-    store_epi16<Full>(d + i, c, _mm512_cvtusepi32_epi16(_mm512_max_epi32(q, _mm512_setzero_si512())));
+    store_epi16<Full>(d + i, c,
+                      _mm512_cvtusepi32_epi16(_mm512_max_epi32(q, _mm512_setzero_si512())));
   } else if constexpr (std::is_same_v<D, Vek8s>) {
     store_i32<D, Full>(d, i, c, _mm512_max_epi32(q, _mm512_set1_epi32(-128)));
   } else {
-    store_i32<D, Full>(d, i, c, _mm512_max_epi32(q, _mm512_set1_epi32(static_cast<int32_t>(Elem<D>::lo))));
+    store_i32<D, Full>(d, i, c,
+                       _mm512_max_epi32(q, _mm512_set1_epi32(static_cast<int32_t>(Elem<D>::lo))));
   }
 }
 
@@ -252,19 +273,24 @@ template <class S, class D, Rnd R, bool Scaled, class Load>
 void f2i_run(ptr_t<D>* d, size_t n, S factor, Load&& load) {
   if constexpr (std::is_same_v<S, float>) {
     const __m512 f = _mm512_set1_ps(factor);
-    blocks_nt<32, sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)>(n, d, n * (4 + sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)), [=](auto full, size_t i, size_t c) {
-      using K = decltype(full);
-      if constexpr (full && std::is_same_v<D, Vek16s>) {
-        // 32 elements: one saturating pack of two vectors, then the 64-bit groups back in order
-        const __m512i q0 = f32_to_i32<D, R, Scaled>(load(full, i, 16), f);
-        const __m512i q1 = f32_to_i32<D, R, Scaled>(load(full, i + 16, 16), f);
-        const __m512i packed = _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), _mm512_packs_epi32(q0, q1));
-        put<K>(d + i, 64, packed);
-      } else {
-        store_sat<D, K>(d, i, c < 16 ? c : 16, f32_to_i32<D, R, Scaled>(load(full, i, c < 16 ? c : 16), f));
-        if (full || c > 16) store_sat<D, K>(d, i + 16, c - 16, f32_to_i32<D, R, Scaled>(load(full, i + 16, c - 16), f));
-      }
-    });
+    blocks_nt<32, sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)>(
+        n, d, n * (4 + sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)), [=](auto full, size_t i, size_t c) {
+          using K = decltype(full);
+          if constexpr (full && std::is_same_v<D, Vek16s>) {
+            // 32 elements: one saturating pack of two vectors, then the 64-bit groups back in order
+            const __m512i q0 = f32_to_i32<D, R, Scaled>(load(full, i, 16), f);
+            const __m512i q1 = f32_to_i32<D, R, Scaled>(load(full, i + 16, 16), f);
+            const __m512i packed = _mm512_permutexvar_epi64(
+                _mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), _mm512_packs_epi32(q0, q1));
+            put<K>(d + i, 64, packed);
+          } else {
+            store_sat<D, K>(d, i, c < 16 ? c : 16,
+                            f32_to_i32<D, R, Scaled>(load(full, i, c < 16 ? c : 16), f));
+            if (full || c > 16)
+              store_sat<D, K>(d, i + 16, c - 16,
+                              f32_to_i32<D, R, Scaled>(load(full, i + 16, c - 16), f));
+          }
+        });
   } else if constexpr (std::is_same_v<D, Vek64s>) {
     const __m512d f = _mm512_set1_pd(factor);
     blocks_nt<8, 8>(n, d, 16 * n, [=](auto full, size_t i, size_t c) {
@@ -272,23 +298,26 @@ void f2i_run(ptr_t<D>* d, size_t n, S factor, Load&& load) {
       if constexpr (Scaled) v = _mm512_mul_pd(v, f);
       v = prepare<R>(v);
       // NaN and lanes below -2^63 convert to INT64_MIN; lanes from 2^63 up are set afterwards.
-      const __m512i q0 = R == Rnd::Even ? _mm512_cvt_roundpd_epi64(v, kRoundEven) : _mm512_cvtt_roundpd_epi64(v, _MM_FROUND_NO_EXC);
+      const __m512i q0 = R == Rnd::Even ? _mm512_cvt_roundpd_epi64(v, kRoundEven)
+                                        : _mm512_cvtt_roundpd_epi64(v, _MM_FROUND_NO_EXC);
       const __mmask8 big = _mm512_cmp_pd_mask(v, _mm512_set1_pd(9223372036854775808.0), _CMP_GE_OQ);
       const __m512i q = _mm512_mask_mov_epi64(q0, big, _mm512_set1_epi64(INT64_MAX));
       put<decltype(full)>(d + i, 8 * c, q);
     });
   } else {
     const __m512d f = _mm512_set1_pd(factor);
-    blocks_nt<16, sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)>(n, d, n * (8 + sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)), [=](auto full, size_t i, size_t c) {
-      __m512d a = load_pd<full>(load(i), c);
-      __m512d b = load_pd<full>(load(i) + 8, c > 8 ? c - 8 : 0);
-      if constexpr (Scaled) {
-        a = _mm512_mul_pd(a, f);
-        b = _mm512_mul_pd(b, f);
-      }
-      const __m512i q = _mm512_inserti64x4(_mm512_castsi256_si512(f64_to_i32<D, R>(a)), f64_to_i32<D, R>(b), 1);
-      store_sat<D, decltype(full)>(d, i, c, q);
-    });
+    blocks_nt<16, sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)>(
+        n, d, n * (8 + sizeof(ptr_t<D>) * (is24<D> ? 3 : 1)), [=](auto full, size_t i, size_t c) {
+          __m512d a = load_pd<full>(load(i), c);
+          __m512d b = load_pd<full>(load(i) + 8, c > 8 ? c - 8 : 0);
+          if constexpr (Scaled) {
+            a = _mm512_mul_pd(a, f);
+            b = _mm512_mul_pd(b, f);
+          }
+          const __m512i q = _mm512_inserti64x4(_mm512_castsi256_si512(f64_to_i32<D, R>(a)),
+                                               f64_to_i32<D, R>(b), 1);
+          store_sat<D, decltype(full)>(d, i, c, q);
+        });
   }
 }
 
@@ -337,10 +366,12 @@ inline __m512 half_to_float_sw(__m256i h16) {
   const U32x16 h = reinterpret_cast<U32x16>(_mm512_cvtepu16_epi32(h16));
   const U32x16 sign = (h & 0x8000u) << 16, e = (h >> 10) & 0x1Fu, man = h & 0x3FFu;
   const U32x16 normal = sign | ((e + 112u) << 23) | (man << 13);
-  const U32x16 special = sign | 0x7F800000u | (man << 13) | simd::select<U32x16>(man != 0u, U32x16{} + 0x400000u, U32x16{});
+  const U32x16 special = sign | 0x7F800000u | (man << 13) |
+                         simd::select<U32x16>(man != 0u, U32x16{} + 0x400000u, U32x16{});
   const F32x16 tiny = simd::convert<float>(man) * 0x1p-24f;  // exact
   const U32x16 sub = sign | reinterpret_cast<U32x16>(tiny);
-  return reinterpret_cast<__m512>(simd::select<U32x16>(e == 0u, sub, simd::select<U32x16>(e == 31u, special, normal)));
+  return reinterpret_cast<__m512>(
+      simd::select<U32x16>(e == 0u, sub, simd::select<U32x16>(e == 31u, special, normal)));
 }
 
 // Software binary32 -> binary16, rounded to nearest-even (ToZero false) or toward zero, bit for
@@ -354,13 +385,15 @@ inline __m256i float_to_half_sw(__m512 x) {
   if constexpr (ToZero) {
     norm = simd::vmin<U32x16>((a - 0x38000000u) >> 13, U32x16{} + 0x7BFFu);
   } else {
-    norm = simd::vmin<U32x16>((a - 0x38000000u + 0xFFFu + ((a >> 13) & 1u)) >> 13, U32x16{} + 0x7C00u);
+    norm =
+        simd::vmin<U32x16>((a - 0x38000000u + 0xFFFu + ((a >> 13) & 1u)) >> 13, U32x16{} + 0x7C00u);
   }
   const U32x16 sub = reinterpret_cast<U32x16>(reinterpret_cast<F32x16>(a) + 0.5f) - 0x3F000000u;
   const U32x16 nan = 0x7E00u | ((a >> 13) & 0x3FFu);
-  const U32x16 mag = simd::select<U32x16>(
-      a > 0x7F800000u, nan,
-      simd::select<U32x16>(a == 0x7F800000u, U32x16{} + 0x7C00u, simd::select<U32x16>(a >= 0x38800000u, norm, sub)));
+  const U32x16 mag =
+      simd::select<U32x16>(a > 0x7F800000u, nan,
+                           simd::select<U32x16>(a == 0x7F800000u, U32x16{} + 0x7C00u,
+                                                simd::select<U32x16>(a >= 0x38800000u, norm, sub)));
   return _mm512_cvtepi32_epi16(reinterpret_cast<__m512i>(mag | sign));
 }
 
@@ -432,8 +465,9 @@ inline VekStatus convert_16f16s_sfs(const Vek16f* s, Vek16s* d, int len, int rnd
   if (rnd < 0 || rnd > 2) return vekStatusBadRoundMode;
   const FpScope fp;
   const bool hw = hw_half();
-  f2i_dispatch<float, Vek16s>(d, static_cast<size_t>(len), PickAwayOtherwise::pick(rnd), sf,
-                              [s, hw](auto full, size_t i, size_t c) { return load_half<full>(s, i, c, hw); });
+  f2i_dispatch<float, Vek16s>(
+      d, static_cast<size_t>(len), PickAwayOtherwise::pick(rnd), sf,
+      [s, hw](auto full, size_t i, size_t c) { return load_half<full>(s, i, c, hw); });
   return vekStatusOk;
 }
 
@@ -444,7 +478,8 @@ using part_t = decltype(C{}.re);
 
 namespace detail {
 template <class T, size_t K, size_t... I>
-inline simd::VecN<T, 2 * K> interleave(simd::VecN<T, K> a, simd::VecN<T, K> b, std::index_sequence<I...>) {
+inline simd::VecN<T, 2 * K> interleave(simd::VecN<T, K> a, simd::VecN<T, K> b,
+                                       std::index_sequence<I...>) {
   return __builtin_shufflevector(a, b, ((I % 2) ? K + I / 2 : I / 2)...);
 }
 template <size_t Off, class T, size_t K2, size_t... I>
@@ -485,7 +520,8 @@ void split_parts(const C* s, part_t<C>* re, part_t<C>* im, size_t n) {
   constexpr size_t K = 32 / sizeof(T);
   const T* in = reinterpret_cast<const T*>(s);
   blocks<K>(n, [&](auto full, size_t i, size_t c) {
-    const simd::VecN<T, 2 * K> v = full ? simd::load<2 * K>(in + 2 * i) : simd::load_first<2 * K>(in + 2 * i, 2 * c);
+    const simd::VecN<T, 2 * K> v =
+        full ? simd::load<2 * K>(in + 2 * i) : simd::load_first<2 * K>(in + 2 * i, 2 * c);
     const auto put = [&](T* p, auto part) {
       if constexpr (full) {
         simd::store(p + i, part);
@@ -493,8 +529,10 @@ void split_parts(const C* s, part_t<C>* re, part_t<C>* im, size_t n) {
         simd::store_first(p + i, c, part);
       }
     };
-    if constexpr (WantRe) put(re, detail::every_other<0, T, 2 * K>(v, std::make_index_sequence<K>{}));
-    if constexpr (WantIm) put(im, detail::every_other<1, T, 2 * K>(v, std::make_index_sequence<K>{}));
+    if constexpr (WantRe)
+      put(re, detail::every_other<0, T, 2 * K>(v, std::make_index_sequence<K>{}));
+    if constexpr (WantIm)
+      put(im, detail::every_other<1, T, 2 * K>(v, std::make_index_sequence<K>{}));
   });
 }
 

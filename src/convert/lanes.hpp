@@ -49,7 +49,9 @@ using ptr_t = typename Elem<T>::ptr;
 template <class T>
 inline constexpr bool is24 = std::is_same_v<T, I24> || std::is_same_v<T, U24>;
 
-inline __mmask16 mask16(size_t count) { return static_cast<__mmask16>(_bzhi_u32(0xFFFFu, static_cast<unsigned>(count))); }
+inline __mmask16 mask16(size_t count) {
+  return static_cast<__mmask16>(_bzhi_u32(0xFFFFu, static_cast<unsigned>(count)));
+}
 inline uint64_t mask_bytes(size_t bytes) { return _bzhi_u64(~0ULL, static_cast<unsigned>(bytes)); }
 
 // 16 packed 24-bit elements into 32-bit lanes, sign- or zero-extended.
@@ -58,10 +60,11 @@ inline __m512i load24(const Vek8u* p, size_t count) {
   const __m512i raw = _mm512_maskz_loadu_epi8(mask_bytes(3 * count), p);
   // Each 128-bit lane k takes the 12 bytes of elements 4k..4k+3, then every element moves to the
   // top three bytes of its 32-bit lane, from where one shift extends it.
-  const __m512i spread =
-      _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 1, 2, 0, 3, 4, 5, 0, 6, 7, 8, 0, 9, 10, 11, 0), raw);
+  const __m512i spread = _mm512_permutexvar_epi32(
+      _mm512_setr_epi32(0, 1, 2, 0, 3, 4, 5, 0, 6, 7, 8, 0, 9, 10, 11, 0), raw);
   const __m512i top = _mm512_shuffle_epi8(
-      spread, _mm512_broadcast_i32x4(_mm_setr_epi8(-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11)));
+      spread,
+      _mm512_broadcast_i32x4(_mm_setr_epi8(-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11)));
   if constexpr (std::is_same_v<T, I24>) {
     return _mm512_srai_epi32(top, 8);
   } else {
@@ -71,8 +74,9 @@ inline __m512i load24(const Vek8u* p, size_t count) {
 
 // The low three bytes of each 32-bit lane, packed.
 inline void store24(Vek8u* p, size_t count, __m512i v) {
-  const __m512i packed = _mm512_shuffle_epi8(
-      v, _mm512_broadcast_i32x4(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1)));
+  const __m512i packed =
+      _mm512_shuffle_epi8(v, _mm512_broadcast_i32x4(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12,
+                                                                  13, 14, -1, -1, -1, -1)));
   const __m512i dense = _mm512_permutexvar_epi32(
       _mm512_setr_epi32(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 15, 15, 15, 15), packed);
   _mm512_mask_storeu_epi8(p, mask_bytes(3 * count), dense);
@@ -98,7 +102,8 @@ template <size_t N, class Step>
 inline bool worth_streaming(size_t traffic) {
   if (traffic < (size_t{4} << 20)) return false;
   int size = 0;
-  return vekGetMaxCacheSizeB(&size) == vekStatusOk && size > 0 && traffic >= static_cast<size_t>(size);
+  return vekGetMaxCacheSizeB(&size) == vekStatusOk && size > 0 &&
+         traffic >= static_cast<size_t>(size);
 }
 
 // blocks() for a destination d of EB-byte elements: when worth streaming, the elements up to the
@@ -120,16 +125,21 @@ template <size_t N, size_t EB, class Step>
 template <class K, class V>
 inline void put(void* p, size_t bytes, V v) {
   if constexpr (K::stream) {
-    if constexpr (sizeof(V) == 64) _mm512_stream_si512(static_cast<__m512i*>(p), reinterpret_cast<__m512i>(v));
-    if constexpr (sizeof(V) == 32) _mm256_stream_si256(static_cast<__m256i*>(p), reinterpret_cast<__m256i>(v));
-    if constexpr (sizeof(V) == 16) _mm_stream_si128(static_cast<__m128i*>(p), reinterpret_cast<__m128i>(v));
+    if constexpr (sizeof(V) == 64)
+      _mm512_stream_si512(static_cast<__m512i*>(p), reinterpret_cast<__m512i>(v));
+    if constexpr (sizeof(V) == 32)
+      _mm256_stream_si256(static_cast<__m256i*>(p), reinterpret_cast<__m256i>(v));
+    if constexpr (sizeof(V) == 16)
+      _mm_stream_si128(static_cast<__m128i*>(p), reinterpret_cast<__m128i>(v));
   } else if constexpr (K::value) {
     std::memcpy(p, &v, sizeof v);
   } else {
     const uint64_t m = mask_bytes(bytes);
     if constexpr (sizeof(V) == 64) _mm512_mask_storeu_epi8(p, m, reinterpret_cast<__m512i>(v));
-    if constexpr (sizeof(V) == 32) _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(m), reinterpret_cast<__m256i>(v));
-    if constexpr (sizeof(V) == 16) _mm_mask_storeu_epi8(p, static_cast<__mmask16>(m), reinterpret_cast<__m128i>(v));
+    if constexpr (sizeof(V) == 32)
+      _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(m), reinterpret_cast<__m256i>(v));
+    if constexpr (sizeof(V) == 16)
+      _mm_mask_storeu_epi8(p, static_cast<__mmask16>(m), reinterpret_cast<__m128i>(v));
   }
 }
 
@@ -137,13 +147,17 @@ inline void put(void* p, size_t bytes, V v) {
 template <class W, class TD, class F, class... TS>
 inline void map_nt(size_t n, TD* d, F&& f, const TS*... s) {
   constexpr size_t N = map_lanes<W, TD, TS...>;
-  blocks_nt<N, sizeof(TD)>(n, d, n * (sizeof(TD) + (sizeof(TS) + ... + 0)), [&](auto kind, size_t i, size_t c) {
-    if constexpr (kind) {
-      put<decltype(kind)>(d + i, 0, simd::convert<TD>(f(simd::convert<W>(simd::load<N>(s + i))...)));
-    } else {
-      put<decltype(kind)>(d + i, c * sizeof(TD), simd::convert<TD>(f(simd::convert<W>(simd::load_first<N>(s + i, c))...)));
-    }
-  });
+  blocks_nt<N, sizeof(TD)>(
+      n, d, n * (sizeof(TD) + (sizeof(TS) + ... + 0)), [&](auto kind, size_t i, size_t c) {
+        if constexpr (kind) {
+          put<decltype(kind)>(d + i, 0,
+                              simd::convert<TD>(f(simd::convert<W>(simd::load<N>(s + i))...)));
+        } else {
+          put<decltype(kind)>(
+              d + i, c * sizeof(TD),
+              simd::convert<TD>(f(simd::convert<W>(simd::load_first<N>(s + i, c))...)));
+        }
+      });
 }
 
 template <bool Full>
@@ -177,7 +191,8 @@ inline __m512i load_i32(const ptr_t<T>* s, size_t i, size_t count) {
   if constexpr (is24<T>) {
     return load24<T>(s + 3 * i, count);
   } else if constexpr (sizeof(T) == 1) {
-    const __m128i b = Full ? _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i)) : _mm_maskz_loadu_epi8(m, s + i);
+    const __m128i b = Full ? _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i))
+                           : _mm_maskz_loadu_epi8(m, s + i);
     return std::is_signed_v<T> ? _mm512_cvtepi8_epi32(b) : _mm512_cvtepu8_epi32(b);
   } else if constexpr (sizeof(T) == 2) {
     const __m256i h = load_epi16<Full>(s + i, count);

@@ -50,19 +50,24 @@ VekStatus each(const T* s, T* d, int len, F&& f) {
 
 // Lane type in which |x| of an integer element is exact (|-32768| = 32768).
 template <class T>
-using abs_lane_t = std::conditional_t<is_float<T>, T, std::conditional_t<sizeof(T) == 2, int32_t, int64_t>>;
+using abs_lane_t =
+    std::conditional_t<is_float<T>, T, std::conditional_t<sizeof(T) == 2, int32_t, int64_t>>;
 
 // ---- real members ------------------------------------------------------------------------------
 
 template <class T>
 VekStatus lt(const T* s, T* d, int len, T level) {  // level where x < level
   VEKS_TRY(check_ptrs_len(len, s, d));
-  return each<T>(s, d, len, [level](auto x) { return simd::select<decltype(x)>(x < level, simd::splat<decltype(x)>(level), x); });
+  return each<T>(s, d, len, [level](auto x) {
+    return simd::select<decltype(x)>(x < level, simd::splat<decltype(x)>(level), x);
+  });
 }
 template <class T>
 VekStatus gt(const T* s, T* d, int len, T level) {  // level where x > level
   VEKS_TRY(check_ptrs_len(len, s, d));
-  return each<T>(s, d, len, [level](auto x) { return simd::select<decltype(x)>(x > level, simd::splat<decltype(x)>(level), x); });
+  return each<T>(s, d, len, [level](auto x) {
+    return simd::select<decltype(x)>(x > level, simd::splat<decltype(x)>(level), x);
+  });
 }
 template <class T>
 VekStatus rel(const T* s, T* d, int len, T level, int relation) {
@@ -73,12 +78,16 @@ VekStatus rel(const T* s, T* d, int len, T level, int relation) {
 template <class T>
 VekStatus lt_val(const T* s, T* d, int len, T level, T value) {
   VEKS_TRY(check_ptrs_len(len, s, d));
-  return each<T>(s, d, len, [=](auto x) { return simd::select<decltype(x)>(x < level, simd::splat<decltype(x)>(value), x); });
+  return each<T>(s, d, len, [=](auto x) {
+    return simd::select<decltype(x)>(x < level, simd::splat<decltype(x)>(value), x);
+  });
 }
 template <class T>
 VekStatus gt_val(const T* s, T* d, int len, T level, T value) {
   VEKS_TRY(check_ptrs_len(len, s, d));
-  return each<T>(s, d, len, [=](auto x) { return simd::select<decltype(x)>(x > level, simd::splat<decltype(x)>(value), x); });
+  return each<T>(s, d, len, [=](auto x) {
+    return simd::select<decltype(x)>(x > level, simd::splat<decltype(x)>(value), x);
+  });
 }
 template <class T>
 VekStatus lt_val_gt_val(const T* s, T* d, int len, T level_lt, T value_lt, T level_gt, T value_gt) {
@@ -86,7 +95,8 @@ VekStatus lt_val_gt_val(const T* s, T* d, int len, T level_lt, T value_lt, T lev
   if (level_lt > level_gt) return vekStatusLevelsCrossed;
   return each<T>(s, d, len, [=](auto x) {
     using L = decltype(x);
-    return simd::select<L>(x < level_lt, simd::splat<L>(value_lt), simd::select<L>(x > level_gt, simd::splat<L>(value_gt), x));
+    return simd::select<L>(x < level_lt, simd::splat<L>(value_lt),
+                           simd::select<L>(x > level_gt, simd::splat<L>(value_gt), x));
   });
 }
 
@@ -103,7 +113,8 @@ VekStatus abs_level(const T* s, T* d, int len, T level) {
     return each<B>(reinterpret_cast<const B*>(s), reinterpret_cast<B*>(d), len, [=](auto u) {
       using L = decltype(u);
       const L a = u & ~kSign;
-      const L m = Less ? simd::vmax<L>(a, simd::splat<L>(lb)) : simd::vmin<L>(a, simd::splat<L>(lb));
+      const L m =
+          Less ? simd::vmax<L>(a, simd::splat<L>(lb)) : simd::vmin<L>(a, simd::splat<L>(lb));
       return L(m | (u & kSign));
     });
   } else {
@@ -174,15 +185,19 @@ VekStatus lt_inv(const T* s, T* d, int len, T level) {
     if (plain) {
       bool zero = false;
       for (size_t i = 0; i < n; ++i) zero |= (in[i] & ~kSign) == 0;
-      map<T>(n, d + at, [](auto x) { return T{1} / x; }, s + at);
+      map<T>(
+          n, d + at, [](auto x) { return T{1} / x; }, s + at);
       return zero ? 1 : 0;
     }
-    map<B>(n, reinterpret_cast<B*>(d + at), [=](auto u) {
-      using L = decltype(u);
-      using FL = simd::VecN<T, simd::lanes_of<L>>;
-      const L m = simd::vmax<L>(u & ~kSign, simd::splat<L>(lb)) | (u & kSign);
-      return reinterpret_cast<L>(T{1} / reinterpret_cast<FL>(m));
-    }, in);
+    map<B>(
+        n, reinterpret_cast<B*>(d + at),
+        [=](auto u) {
+          using L = decltype(u);
+          using FL = simd::VecN<T, simd::lanes_of<L>>;
+          const L m = simd::vmax<L>(u & ~kSign, simd::splat<L>(lb)) | (u & kSign);
+          return reinterpret_cast<L>(T{1} / reinterpret_cast<FL>(m));
+        },
+        in);
     return 0;
   });
   return inv_status(flagged, len);
@@ -220,7 +235,10 @@ inline D8 magnitude(D8 x) {
 }
 
 // Rounds binary64 lanes to integral values, ties to even (for 16-bit complex results).
-inline D8 round_even(D8 v) { return reinterpret_cast<D8>(_mm512_roundscale_pd(reinterpret_cast<__m512d>(v), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC)); }
+inline D8 round_even(D8 v) {
+  return reinterpret_cast<D8>(_mm512_roundscale_pd(reinterpret_cast<__m512d>(v),
+                                                   _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+}
 
 // x moved to magnitude level along its own argument; a zero element (no argument) becomes level.
 template <class T>
@@ -337,8 +355,11 @@ VekStatus c_lt_inv(const C* s, C* d, int len, part_t<C> level) {
       const D8 u = y / big, conj = u * D8{1, -1, 1, -1, 1, -1, 1, -1};
       const D8 den = (u * u + swap_pairs(u * u)) * big;
       const D8 inv = conj / den;
-      const I8 sign = (reinterpret_cast<I8>(y) ^ I8{0, INT64_MIN, 0, INT64_MIN, 0, INT64_MIN, 0, INT64_MIN}) & INT64_MIN;
-      const D8 at_zero = reinterpret_cast<D8>(sign | reinterpret_cast<I8>(D8{HUGE_VAL, 0, HUGE_VAL, 0, HUGE_VAL, 0, HUGE_VAL, 0}));
+      const I8 sign =
+          (reinterpret_cast<I8>(y) ^ I8{0, INT64_MIN, 0, INT64_MIN, 0, INT64_MIN, 0, INT64_MIN}) &
+          INT64_MIN;
+      const D8 at_zero = reinterpret_cast<D8>(
+          sign | reinterpret_cast<I8>(D8{HUGE_VAL, 0, HUGE_VAL, 0, HUGE_VAL, 0, HUGE_VAL, 0}));
       const D8 at_inf = reinterpret_cast<D8>(sign);  // 1 / infinity: a zero of conj(y)'s signs
       return simd::select<D8>(big == 0.0, at_zero, simd::select<D8>(big == HUGE_VAL, at_inf, inv));
     });

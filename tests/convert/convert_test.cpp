@@ -25,7 +25,7 @@ using E = typename Layout<T>::Elem;
 // A source vector holding `vals` (converted to the element type) at a misalignment.
 template <class T, class V>
 Guarded<E<T>> source(const std::vector<V>& vals, size_t first, size_t n, size_t misalign) {
-  Guarded<E<T>> g(n * Layout<T>::width, misalign);
+  Guarded<E<T>> g(n * Layout<T>::width, off<E<T>>(misalign));
   for (size_t i = 0; i < n; ++i) {
     if constexpr (std::is_floating_point_v<T>) {
       g.data()[i] = static_cast<T>(vals[(first + i) % vals.size()]);
@@ -72,7 +72,8 @@ long double factor_of(int sf) {
     return f;
   } else {
     if (sf >= -1023 && sf <= 1022) return std::ldexp(1.0L, -sf);
-    const uint64_t b = 0x3FF0000000000000ULL - static_cast<uint64_t>(static_cast<int64_t>(sf)) * (1ULL << 52);
+    const uint64_t b =
+        0x3FF0000000000000ULL - static_cast<uint64_t>(static_cast<int64_t>(sf)) * (1ULL << 52);
     double f;
     std::memcpy(&f, &b, 8);
     return f;
@@ -91,23 +92,26 @@ long long f2i_ref(S x, Rounding r, int sf, long long lo, long long hi) {
 }
 
 template <class S, class D>
-void check_f2i(VekStatus (*fn)(const S*, E<D>*, int, int, int), Pick pick, const std::vector<int>& sfs) {
+void check_f2i(VekStatus (*fn)(const S*, E<D>*, int, int, int), Pick pick,
+               const std::vector<int>& sfs) {
   constexpr long long lo = Layout<D>::lo, hi = Layout<D>::hi;
   const auto vals = float_inputs<S>(600, lo, hi, 7);
   const int modes[] = {0, 1, 2, 7, -3};
   int run = 0;
   auto one = [&](size_t first, size_t n, size_t mis, int mode, int sf) {
     auto s = source<S>(vals, first, n, (mis * 4) % 64);
-    Guarded<E<D>> d(n * Layout<D>::width, mis);
+    Guarded<E<D>> d(n * Layout<D>::width, off<E<D>>(mis));
     const int fe = kRoundings[run % 4], flags = run % 3 == 0 ? FE_INEXACT : 0;
     ++run;
     VekStatus st = -1;
-    ASSERT_TRUE(keeps_fenv(fe, flags, [&] { st = fn(s.data(), d.data(), static_cast<int>(n), mode, sf); }));
+    ASSERT_TRUE(
+        keeps_fenv(fe, flags, [&] { st = fn(s.data(), d.data(), static_cast<int>(n), mode, sf); }));
     ASSERT_EQ(st, vekStatusOk);
     for (size_t i = 0; i < n; ++i) {
       const S x = s.data()[i];
       ASSERT_EQ(get<D>(d.data(), i), f2i_ref(x, rounding_of(pick, mode), sf, lo, hi))
-          << "x=" << static_cast<long double>(x) << " mode=" << mode << " sf=" << sf << " n=" << n << " i=" << i;
+          << "x=" << static_cast<long double>(x) << " mode=" << mode << " sf=" << sf << " n=" << n
+          << " i=" << i;
     }
     ASSERT_TRUE(d.guards_intact()) << "n=" << n;
   };
@@ -121,8 +125,10 @@ void check_f2i(VekStatus (*fn)(const S*, E<D>*, int, int, int), Pick pick, const
   expect_checks<S, D>([&](const S* s, E<D>* d, int n) { return fn(s, d, n, 1, 0); });
 }
 
-const std::vector<int> kSfs32 = {0, 1, -1, 3, -7, -15, -16, 126, 127, -127, -128, 128, 300, INT_MIN};
-const std::vector<int> kSfs64 = {0, 1, -1, 3, -7, -31, -32, 1022, 1023, -1023, -1024, 1024, 5000, INT_MIN};
+const std::vector<int> kSfs32 = {0,   1,   -1,   3,    -7,  -15, -16,
+                                 126, 127, -127, -128, 128, 300, INT_MIN};
+const std::vector<int> kSfs64 = {0,    1,    -1,    3,     -7,   -31,  -32,
+                                 1022, 1023, -1023, -1024, 1024, 5000, INT_MIN};
 
 TEST(ConvertFloatToInt, Binary32Sources) {
   check_f2i<float, Vek8s>(veksConvert_32f8s_Sfs, Pick::AwayOtherwise, kSfs32);
@@ -153,7 +159,8 @@ TEST(ConvertFloatToInt, DocumentedExamples) {
   EXPECT_EQ(run(2, 0), (std::vector<Vek16s>{32767, -1, 3, -3, -32768, 32767, -32768, -32768}));
   EXPECT_EQ(run(7, 0), run(2, 0));
   EXPECT_EQ(run(1, 1)[0], 20000);
-  const double big[] = {9223372036854775808.0, -9223372036854775808.0, 9223372036854774784.0, -1e300};
+  const double big[] = {9223372036854775808.0, -9223372036854775808.0, 9223372036854774784.0,
+                        -1e300};
   Vek64s q[4];
   EXPECT_EQ(veksConvert_64f64s_Sfs(big, q, 4, 1, 0), vekStatusOk);
   EXPECT_EQ(q[0], INT64_MAX);
@@ -167,7 +174,9 @@ TEST(ConvertFloatToInt, DocumentedExamples) {
 template <class S>
 std::vector<long long> int_inputs(size_t n, unsigned seed) {
   const long long lo = Layout<S>::lo, hi = Layout<S>::hi;
-  std::vector<long long> v = {lo, lo + 1, hi, hi - 1, 0, 1, -1, (1LL << 24) + 1, -(1LL << 24) - 3, (1LL << 53) + 1, 16777217};
+  std::vector<long long> v = {
+      lo,      lo + 1, hi, hi - 1, 0, 1, -1, (1LL << 24) + 1, -(1LL << 24) - 3, (1LL << 53) + 1,
+      16777217};
   for (auto& x : v) x = std::clamp(x, lo, hi);
   std::mt19937_64 g(seed);
   std::uniform_int_distribution<long long> u(lo, hi);
@@ -188,7 +197,8 @@ void check_widen(Call fn, const std::vector<int>& sfs) {
   std::vector<long double> vals;
   if constexpr (std::is_floating_point_v<S>) {
     for (S x : float_inputs<S>(400, -1e6L, 1e6L, 3)) vals.push_back(x);
-    for (double x : {1e300, -1e-300, 3.4028235677973366e38, 3.4028235677973362e38, 1.401298464324817e-45, 7e-46})
+    for (double x : {1e300, -1e-300, 3.4028235677973366e38, 3.4028235677973362e38,
+                     1.401298464324817e-45, 7e-46})
       vals.push_back(static_cast<S>(x));
   } else {
     for (long long x : int_inputs<S>(400, 3)) vals.push_back(static_cast<long double>(x));
@@ -202,18 +212,22 @@ void check_widen(Call fn, const std::vector<int>& sfs) {
       }
       const size_t n = sh.len == 1000 ? vals.size() : sh.len;
       auto s = source<S>(vals, static_cast<size_t>(run) * 7, n, sh.misalign);
-      Guarded<D> d(n, (sh.misalign * 3) % 64);
+      Guarded<D> d(n, off<D>(sh.misalign * 3));
       const int fe = sf == 0 ? kRoundings[run % 4] : FE_TONEAREST, flags = run % 2 ? FE_INEXACT : 0;
       ++run;
       VekStatus st = -1;
-      ASSERT_TRUE(keeps_fenv(fe, flags, [&] { st = fn(s.data(), d.data(), static_cast<int>(n), sf); }));
+      ASSERT_TRUE(
+          keeps_fenv(fe, flags, [&] { st = fn(s.data(), d.data(), static_cast<int>(n), sf); }));
       ASSERT_EQ(st, vekStatusOk);
       std::fesetround(fe);
       for (size_t i = 0; i < n; ++i) {
         const long double x = get<S>(s.data(), i);
         // the value in D, then (for _Sfs) scaled by 2^-sf with one more rounding
         D want = round_to<D>(x);
-        if (sf != 0) want = round_to<D>(std::ldexp(static_cast<long double>(want), static_cast<int>(std::clamp(-static_cast<long long>(sf), -20000LL, 20000LL))));
+        if (sf != 0)
+          want = round_to<D>(std::ldexp(
+              static_cast<long double>(want),
+              static_cast<int>(std::clamp(-static_cast<long long>(sf), -20000LL, 20000LL))));
         const D got = d.data()[i];
         if (std::isnan(want)) {
           ASSERT_TRUE(std::isnan(got));
@@ -253,7 +267,8 @@ TEST(ConvertWiden, ExactAndRounded) {
 }
 
 TEST(ConvertWiden, ScaledIntegerToFloat) {
-  const std::vector<int> sfs = {0, 1, -1, 15, -20, 126, 140, 160, -140, 1070, 1100, -1100, INT_MAX, INT_MIN};
+  const std::vector<int> sfs = {0,   1,    -1,   15,   -20,   126,     140,
+                                160, -140, 1070, 1100, -1100, INT_MAX, INT_MIN};
   check_widen<Vek16s, Vek32f>(veksConvert_16s32f_Sfs, sfs);
   check_widen<Vek16s, Vek64f>(veksConvert_16s64f_Sfs, sfs);
   check_widen<Vek32s, Vek32f>(veksConvert_32s32f_Sfs, sfs);
@@ -265,9 +280,10 @@ TEST(ConvertWiden, ScaledIntegerToFloat) {
 template <class S, class D>
 void check_narrow(VekStatus (*fn)(const S*, E<D>*, int, int), std::vector<int> sfs = {}) {
   const auto vals = int_inputs<S>(500, 11);
-  if (sfs.empty()) sfs = {0,   1,   2,   3,   8,   15,  16,  17,  23,  24,  31,  32,  33,  62,  63, 64,
-                                65,  300, -1,  -2,  -7,  -8,  -15, -16, -23, -24, -25, -31, -32, -63, -64, -300,
-                                INT_MIN, INT_MAX};
+  if (sfs.empty())
+    sfs = {0,   1,   2,   3,   8,   15,  16,  17,   23,      24,     31,  32,
+           33,  62,  63,  64,  65,  300, -1,  -2,   -7,      -8,     -15, -16,
+           -23, -24, -25, -31, -32, -63, -64, -300, INT_MIN, INT_MAX};
   constexpr long long lo = Layout<D>::lo, hi = Layout<D>::hi;
   size_t k = 0;
   for (int sf : sfs) {
@@ -275,11 +291,12 @@ void check_narrow(VekStatus (*fn)(const S*, E<D>*, int, int), std::vector<int> s
       if (sh.len != 1000 && (k++ % 5) != 0) continue;
       const size_t n = sh.len == 1000 ? vals.size() : sh.len;
       auto s = source<S>(vals, k, n, sh.misalign);
-      Guarded<E<D>> d(n * Layout<D>::width, (sh.misalign * 3) % 64);
+      Guarded<E<D>> d(n * Layout<D>::width, off<E<D>>(sh.misalign * 3));
       ASSERT_EQ(fn(s.data(), d.data(), static_cast<int>(n), sf), vekStatusOk);
       const long long e = std::clamp(-static_cast<long long>(sf), -20000LL, 20000LL);
       for (size_t i = 0; i < n; ++i) {
-        const long double v = std::nearbyint(std::ldexp(static_cast<long double>(s.data()[i]), static_cast<int>(e)));
+        const long double v =
+            std::nearbyint(std::ldexp(static_cast<long double>(s.data()[i]), static_cast<int>(e)));
         const long long want = v <= lo ? lo : v >= hi ? hi : static_cast<long long>(v);
         ASSERT_EQ(get<D>(d.data(), i), want) << "r=" << s.data()[i] << " sf=" << sf << " i=" << i;
       }
@@ -295,33 +312,38 @@ TEST(ConvertNarrow, ScaledTiesToEvenAndSaturated) {
   check_narrow<Vek32s, P24s>(veksConvert_32s24s_Sfs);
   check_narrow<Vek32u, P24u>(veksConvert_32u24u_Sfs);
   check_narrow<Vek64s, Vek32s>(veksConvert_64s32s_Sfs);
-  check_narrow<Vek32s, Vek16s>([](const Vek32s* s, Vek16s* d, int n, int) { return veksConvert_32s16s(s, d, n); }, {0});
+  check_narrow<Vek32s, Vek16s>(
+      [](const Vek32s* s, Vek16s* d, int n, int) { return veksConvert_32s16s(s, d, n); }, {0});
 }
 
 // ---- complex packing ----------------------------------------------------------------------------
 
 template <class T, class C>
-void check_complex(VekStatus (*to_c)(const T*, const T*, C*, int), VekStatus (*to_r)(const C*, T*, T*, int),
-                   VekStatus (*re_of)(const C*, T*, int), VekStatus (*im_of)(const C*, T*, int)) {
+void check_complex(VekStatus (*to_c)(const T*, const T*, C*, int),
+                   VekStatus (*to_r)(const C*, T*, T*, int), VekStatus (*re_of)(const C*, T*, int),
+                   VekStatus (*im_of)(const C*, T*, int)) {
   for (const Shape& sh : shapes()) {
-    const size_t n = sh.len, mis = sh.misalign & ~size_t{1};
-    Guarded<T> re(n, mis), im(n, (mis * 3) % 64);
+    const size_t n = sh.len, mis = sh.misalign;
+    Guarded<T> re(n, off<T>(mis)), im(n, off<T>(mis * 3));
     for (size_t i = 0; i < n; ++i) {
       re[i] = static_cast<T>(3 * i + 1);
       im[i] = static_cast<T>(-static_cast<long long>(5 * i) - 2);
     }
     for (int which = 0; which < 3; ++which) {  // both parts, real only, imaginary only
-      Guarded<C> c(n, (mis * 5) % 64);
-      ASSERT_EQ(to_c(which == 2 ? nullptr : re.data(), which == 1 ? nullptr : im.data(), c.data(), static_cast<int>(n)), vekStatusOk);
+      Guarded<C> c(n, off<C>(mis * 5));
+      ASSERT_EQ(to_c(which == 2 ? nullptr : re.data(), which == 1 ? nullptr : im.data(), c.data(),
+                     static_cast<int>(n)),
+                vekStatusOk);
       for (size_t i = 0; i < n; ++i) {
         ASSERT_EQ(c[i].re, which == 2 ? T{} : re[i]);
         ASSERT_EQ(c[i].im, which == 1 ? T{} : im[i]);
       }
       ASSERT_TRUE(c.guards_intact());
     }
-    Guarded<C> c(n, mis);
+    Guarded<C> c(n, off<C>(mis));
     ASSERT_EQ(to_c(re.data(), im.data(), c.data(), static_cast<int>(n)), vekStatusOk);
-    Guarded<T> r2(n, (mis + 6) % 64), i2(n, (mis + 10) % 64), r3(n, mis), i3(n, (mis + 2) % 64);
+    Guarded<T> r2(n, off<T>(mis + 6)), i2(n, off<T>(mis + 10)), r3(n, off<T>(mis)),
+        i3(n, off<T>(mis + 2));
     ASSERT_EQ(to_r(c.data(), r2.data(), i2.data(), static_cast<int>(n)), vekStatusOk);
     ASSERT_EQ(re_of(c.data(), r3.data(), static_cast<int>(n)), vekStatusOk);
     ASSERT_EQ(im_of(c.data(), i3.data(), static_cast<int>(n)), vekStatusOk);
@@ -331,7 +353,8 @@ void check_complex(VekStatus (*to_c)(const T*, const T*, C*, int), VekStatus (*t
       ASSERT_EQ(r3[i], re[i]);
       ASSERT_EQ(i3[i], im[i]);
     }
-    ASSERT_TRUE(r2.guards_intact() && i2.guards_intact() && r3.guards_intact() && i3.guards_intact());
+    ASSERT_TRUE(r2.guards_intact() && i2.guards_intact() && r3.guards_intact() &&
+                i3.guards_intact());
   }
   Guarded<T> a(4), b(4);
   Guarded<C> c(4);

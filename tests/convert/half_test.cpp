@@ -19,9 +19,9 @@ using namespace veks_test;
 
 long double half_value(uint16_t h) {
   const int e = (h >> 10) & 0x1F, m = h & 0x3FF;
-  long double v = e == 0 ? std::ldexp(static_cast<long double>(m), -24)
-                : e == 31 ? (m ? NAN : INFINITY)
-                          : std::ldexp(static_cast<long double>(1024 + m), e - 25);
+  long double v = e == 0    ? std::ldexp(static_cast<long double>(m), -24)
+                  : e == 31 ? (m ? NAN : INFINITY)
+                            : std::ldexp(static_cast<long double>(1024 + m), e - 25);
   return (h & 0x8000) ? -v : v;
 }
 
@@ -34,10 +34,14 @@ uint16_t half_of(long double x, bool to_zero) {
   unsigned lo = 0, hi = 0x7BFF;  // largest finite half whose value is <= a
   while (lo < hi) {
     const unsigned mid = (lo + hi + 1) / 2;
-    if (half_value(static_cast<uint16_t>(mid)) <= a) lo = mid; else hi = mid - 1;
+    if (half_value(static_cast<uint16_t>(mid)) <= a)
+      lo = mid;
+    else
+      hi = mid - 1;
   }
   if (to_zero) return static_cast<uint16_t>(sign | lo);
-  const long double below = half_value(static_cast<uint16_t>(lo)), above = lo == 0x7BFF ? 65536.0L : half_value(static_cast<uint16_t>(lo + 1));
+  const long double below = half_value(static_cast<uint16_t>(lo)),
+                    above = lo == 0x7BFF ? 65536.0L : half_value(static_cast<uint16_t>(lo + 1));
   const bool up = a - below > above - a || (a - below == above - a && (lo & 1));
   return static_cast<uint16_t>(sign | (lo + (up ? 1 : 0)));
 }
@@ -65,7 +69,8 @@ TEST(Half, EveryHalfToFloat) {
   std::vector<std::vector<uint32_t>> bits;
   both_paths([&](bool) {
     std::vector<float> out(h.size());
-    ASSERT_EQ(veksConvert_16f32f(reinterpret_cast<const Vek16f*>(h.data()), out.data(), 65536), vekStatusOk);
+    ASSERT_EQ(veksConvert_16f32f(reinterpret_cast<const Vek16f*>(h.data()), out.data(), 65536),
+              vekStatusOk);
     for (size_t i = 0; i < h.size(); ++i) {
       const long double want = half_value(h[i]);
       if (std::isnan(want)) {
@@ -88,14 +93,19 @@ std::vector<float> boundaries() {
   std::vector<float> v;
   for (unsigned h = 0; h <= 0x7BFF; ++h) {
     const float x = static_cast<float>(half_value(static_cast<uint16_t>(h)));
-    const float mid = static_cast<float>((half_value(static_cast<uint16_t>(h)) + (h == 0x7BFF ? 65536.0L : half_value(static_cast<uint16_t>(h + 1)))) / 2);
-    for (float y : {x, std::nextafter(x, INFINITY), mid, std::nextafter(mid, 0.0f), std::nextafter(mid, INFINITY)}) {
+    const float mid =
+        static_cast<float>((half_value(static_cast<uint16_t>(h)) +
+                            (h == 0x7BFF ? 65536.0L : half_value(static_cast<uint16_t>(h + 1)))) /
+                           2);
+    for (float y : {x, std::nextafter(x, INFINITY), mid, std::nextafter(mid, 0.0f),
+                    std::nextafter(mid, INFINITY)}) {
       v.push_back(y);
       v.push_back(-y);
     }
   }
-  for (uint32_t b : {0x7F800000u, 0xFF800000u, 0x7F7FFFFFu, 0x00000001u, 0x80400000u, 0x33000000u, 0x33000001u,
-                     0x7FC00000u, 0x7F800001u, 0xFFFFFFFFu, 0x7FA5A5A5u, 0x7FFFE000u, 0x47800000u}) {
+  for (uint32_t b :
+       {0x7F800000u, 0xFF800000u, 0x7F7FFFFFu, 0x00000001u, 0x80400000u, 0x33000000u, 0x33000001u,
+        0x7FC00000u, 0x7F800001u, 0xFFFFFFFFu, 0x7FA5A5A5u, 0x7FFFE000u, 0x47800000u}) {
     float f;
     std::memcpy(&f, &b, 4);
     v.push_back(f);
@@ -141,7 +151,7 @@ TEST(Half, LengthsAndOffsets) {
       Guarded<float> s(sh.len, (sh.misalign * 4) % 64);
       for (size_t i = 0; i < sh.len; ++i) s[i] = in[(i * 977 + sh.len) % in.size()];
       Guarded<Vek16f> h(sh.len, (sh.misalign * 2) % 64);
-      Guarded<float> back(sh.len, sh.misalign);
+      Guarded<float> back(sh.len, off<float>(sh.misalign));
       const int n = static_cast<int>(sh.len);
       ASSERT_EQ(veksConvert_32f16f(s.data(), h.data(), n, 1), vekStatusOk);
       ASSERT_EQ(veksConvert_16f32f(h.data(), back.data(), n), vekStatusOk);
@@ -161,12 +171,15 @@ TEST(Half, Int16ToHalfEveryValue) {
   for (int mode : {0, 1}) {
     both_paths([&](bool) {
       std::vector<uint16_t> out(in.size());
-      ASSERT_EQ(veksConvert_16s16f(in.data(), reinterpret_cast<Vek16f*>(out.data()), 65536, mode), vekStatusOk);
-      for (size_t i = 0; i < in.size(); ++i) ASSERT_EQ(out[i], half_of(in[i], mode == 0)) << in[i] << " mode " << mode;
+      ASSERT_EQ(veksConvert_16s16f(in.data(), reinterpret_cast<Vek16f*>(out.data()), 65536, mode),
+                vekStatusOk);
+      for (size_t i = 0; i < in.size(); ++i)
+        ASSERT_EQ(out[i], half_of(in[i], mode == 0)) << in[i] << " mode " << mode;
     });
   }
   Guarded<Vek16f> d(4);
-  for (int bad : {2, -1, 3}) EXPECT_EQ(veksConvert_16s16f(in.data(), d.data(), 4, bad), vekStatusBadRoundMode);
+  for (int bad : {2, -1, 3})
+    EXPECT_EQ(veksConvert_16s16f(in.data(), d.data(), 4, bad), vekStatusBadRoundMode);
   EXPECT_TRUE(d.unchanged());
 }
 
@@ -177,7 +190,9 @@ TEST(Half, HalfToInt16EveryValue) {
       both_paths([&](bool) {
         std::vector<Vek16s> out(h.size());
         ASSERT_TRUE(keeps_fenv(FE_DOWNWARD, 0, [&] {
-          EXPECT_EQ(veksConvert_16f16s_Sfs(reinterpret_cast<const Vek16f*>(h.data()), out.data(), 65536, mode, sf), vekStatusOk);
+          EXPECT_EQ(veksConvert_16f16s_Sfs(reinterpret_cast<const Vek16f*>(h.data()), out.data(),
+                                           65536, mode, sf),
+                    vekStatusOk);
         }));
         for (size_t i = 0; i < h.size(); ++i) {
           long double v = std::ldexp(half_value(h[i]), -sf);
@@ -188,13 +203,17 @@ TEST(Half, HalfToInt16EveryValue) {
             v = mode == 1 ? std::nearbyint(v) : mode == 0 ? std::trunc(v) : std::round(v);
             want = v <= -32768 ? -32768 : v >= 32767 ? 32767 : static_cast<long long>(v);
           }
-          ASSERT_EQ(out[i], want) << std::hex << h[i] << std::dec << " mode " << mode << " sf " << sf;
+          ASSERT_EQ(out[i], want) << std::hex << h[i] << std::dec << " mode " << mode << " sf "
+                                  << sf;
         }
       });
     }
   }
   Guarded<Vek16s> d(4);
-  for (int bad : {3, -1, 7}) EXPECT_EQ(veksConvert_16f16s_Sfs(reinterpret_cast<const Vek16f*>(h.data()), d.data(), 4, bad, 0), vekStatusBadRoundMode);
+  for (int bad : {3, -1, 7})
+    EXPECT_EQ(
+        veksConvert_16f16s_Sfs(reinterpret_cast<const Vek16f*>(h.data()), d.data(), 4, bad, 0),
+        vekStatusBadRoundMode);
   EXPECT_EQ(veksConvert_16f16s_Sfs(nullptr, d.data(), 4, 1, 0), vekStatusNullPtr);
   EXPECT_TRUE(d.unchanged());
 }

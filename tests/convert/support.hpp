@@ -73,23 +73,51 @@ template <class F>
   std::fesetround(FE_TONEAREST);
   std::feclearexcept(FE_ALL_EXCEPT);
   if (got_mode != mode || got_flags != flags)
-    return ::testing::AssertionFailure() << "rounding " << got_mode << " (was " << mode << "), flags 0x" << std::hex
-                                         << got_flags << " (were 0x" << flags << ")";
+    return ::testing::AssertionFailure()
+           << "rounding " << got_mode << " (was " << mode << "), flags 0x" << std::hex << got_flags
+           << " (were 0x" << flags << ")";
   return ::testing::AssertionSuccess();
 }
 
 inline constexpr int kRoundings[] = {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO};
 
 // Boundary values of a range [lo, hi] as long double: the limits and their neighbours at 1 and
-// 1/2, halves around zero, zeros, infinities, NaN, the smallest subnormal and the type extremes of F.
+// 1/2, halves around zero, zeros, infinities, NaN, the smallest subnormal and the type extremes of
+// F.
 template <class F>
 std::vector<long double> float_edges(long double lo, long double hi) {
   const long double inf = std::numeric_limits<long double>::infinity();
-  std::vector<long double> v = {lo - 1, lo - 0.5L, lo, lo + 0.5L, lo + 1, hi - 1, hi - 0.5L, hi, hi + 0.5L, hi + 1,
-                                0.0L, -0.0L, 0.5L, -0.5L, 1.5L, -1.5L, 2.5L, -2.5L, 0.49999997L, -0.49999997L,
-                                3.5L, -3.5L, 1.0L, -1.0L, inf, -inf, std::numeric_limits<F>::denorm_min(),
-                                -std::numeric_limits<F>::denorm_min(), std::numeric_limits<F>::max(),
-                                std::numeric_limits<F>::lowest(), std::numeric_limits<long double>::quiet_NaN()};
+  std::vector<long double> v = {lo - 1,
+                                lo - 0.5L,
+                                lo,
+                                lo + 0.5L,
+                                lo + 1,
+                                hi - 1,
+                                hi - 0.5L,
+                                hi,
+                                hi + 0.5L,
+                                hi + 1,
+                                0.0L,
+                                -0.0L,
+                                0.5L,
+                                -0.5L,
+                                1.5L,
+                                -1.5L,
+                                2.5L,
+                                -2.5L,
+                                0.49999997L,
+                                -0.49999997L,
+                                3.5L,
+                                -3.5L,
+                                1.0L,
+                                -1.0L,
+                                inf,
+                                -inf,
+                                std::numeric_limits<F>::denorm_min(),
+                                -std::numeric_limits<F>::denorm_min(),
+                                std::numeric_limits<F>::max(),
+                                std::numeric_limits<F>::lowest(),
+                                std::numeric_limits<long double>::quiet_NaN()};
   for (int e : {15, 16, 23, 24, 31, 32, 52, 53, 63, 64})
     for (long double s : {1.0L, -1.0L}) v.push_back(s * std::ldexp(1.0L, e));
   return v;
@@ -109,6 +137,12 @@ std::vector<F> float_inputs(size_t n, long double lo, long double hi, unsigned s
     v.push_back(static_cast<F>(x));
   }
   return v;
+}
+
+// A misalignment of k units of T's alignment, within a 64-byte line.
+template <class T>
+size_t off(size_t k) {
+  return (k * alignof(T)) % 64;
 }
 
 // Lengths that run the vector body, its tail and single elements, each with a misalignment.

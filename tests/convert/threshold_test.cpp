@@ -20,7 +20,8 @@
 template <class C>
 requires requires(C c) { c.im; }
 std::ostream& operator<<(std::ostream& o, const C& c) {
-  return o << "(" << static_cast<long double>(c.re) << ", " << static_cast<long double>(c.im) << ")";
+  return o << "(" << static_cast<long double>(c.re) << ", " << static_cast<long double>(c.im)
+           << ")";
 }
 
 namespace {
@@ -43,12 +44,15 @@ template <class T>
 std::vector<T> real_inputs(unsigned seed) {
   std::vector<T> v;
   using L = std::numeric_limits<T>;
-  for (long double x : {0.0L, 1.0L, -1.0L, 2.0L, -2.0L, 3.0L, -3.0L, 4.0L, -4.0L, 5.0L, -5.0L, 0.5L, -0.5L})
+  for (long double x :
+       {0.0L, 1.0L, -1.0L, 2.0L, -2.0L, 3.0L, -3.0L, 4.0L, -4.0L, 5.0L, -5.0L, 0.5L, -0.5L})
     v.push_back(static_cast<T>(x));
-  v.insert(v.end(), {L::lowest(), L::max(), static_cast<T>(L::lowest() + 1), static_cast<T>(L::max() - 1)});
+  v.insert(v.end(),
+           {L::lowest(), L::max(), static_cast<T>(L::lowest() + 1), static_cast<T>(L::max() - 1)});
   if constexpr (std::is_floating_point_v<T>) {
-    v.insert(v.end(), {-0.0, L::infinity(), -L::infinity(), L::quiet_NaN(), -L::quiet_NaN(), L::denorm_min(),
-                       -L::denorm_min(), std::nextafter(T{2}, T{0}), std::nextafter(T{-2}, T{0}), std::nextafter(T{3}, T{9})});
+    v.insert(v.end(), {-0.0, L::infinity(), -L::infinity(), L::quiet_NaN(), -L::quiet_NaN(),
+                       L::denorm_min(), -L::denorm_min(), std::nextafter(T{2}, T{0}),
+                       std::nextafter(T{-2}, T{0}), std::nextafter(T{3}, T{9})});
     std::mt19937_64 g(seed);
     std::uniform_real_distribution<T> u(-8, 8);
     while (v.size() < 300) v.push_back(u(g));
@@ -75,16 +79,18 @@ void check_member(const char* what, const std::vector<T>& vals, Run run, RunI ru
     ++k;
     const int len = static_cast<int>(n);
     VekStatus st = -1, st_i = -1;
-    ASSERT_TRUE(keeps_fenv(kRoundings[k % 4], k % 2 ? FE_INEXACT : 0, [&] { st = run(s.data(), d.data(), len); }))
-        << what;
+    ASSERT_TRUE(keeps_fenv(kRoundings[k % 4], k % 2 ? FE_INEXACT : 0, [&] {
+      st = run(s.data(), d.data(), len);
+    })) << what;
     ASSERT_TRUE(keeps_fenv(FE_TONEAREST, 0, [&] { st_i = run_i(io.data(), len); })) << what;
     bool has_status = false;
     for (size_t i = 0; i < n; ++i) {
       const auto [want, flagged] = ref(s[i]);
       has_status |= flagged;
-      ASSERT_TRUE(eq(d[i], want)) << what << " element " << i << " of " << n << ": " << s[i] << " gave " << d[i]
-                                  << ", expected " << want;
-      ASSERT_TRUE(eq(io[i], want)) << what << " in place, element " << i << " of " << n << ": " << io[i];
+      ASSERT_TRUE(eq(d[i], want)) << what << " element " << i << " of " << n << ": " << s[i]
+                                  << " gave " << d[i] << ", expected " << want;
+      ASSERT_TRUE(eq(io[i], want))
+          << what << " in place, element " << i << " of " << n << ": " << io[i];
     }
     ASSERT_EQ(st, has_status ? status : vekStatusOk) << what;
     ASSERT_EQ(st_i, st) << what;
@@ -133,20 +139,34 @@ template <class T>
 void check_real(const RealMembers<T>& m, T level) {
   const auto vals = real_inputs<T>(static_cast<unsigned>(level) + 5);
   const auto eq = [](T a, T b) { return same(a, b); };
-  const auto bind = [level](auto f) { return [f, level](const T* s, T* d, int n) { return f(s, d, n, level); }; };
-  const auto bind_i = [level](auto f) { return [f, level](T* sd, int n) { return f(sd, n, level); }; };
-  check_member("LT", vals, bind(m.lt), bind_i(m.lt_i), [&](T x) { return keep(x < level ? level : x); }, eq);
-  check_member("GT", vals, bind(m.gt), bind_i(m.gt_i), [&](T x) { return keep(x > level ? level : x); }, eq);
-  check_member("LTAbs", vals, bind(m.lt_abs), bind_i(m.lt_abs_i),
-               [&](T x) { return keep(wabs(x) < level ? with_sign(level, x) : x); }, eq);
-  check_member("GTAbs", vals, bind(m.gt_abs), bind_i(m.gt_abs_i), [&](T x) {
-    return keep(wabs(x) > level || std::isnan(wabs(x)) ? with_sign(level, x) : x);  // NaN lies above every level
-  }, eq);
+  const auto bind = [level](auto f) {
+    return [f, level](const T* s, T* d, int n) { return f(s, d, n, level); };
+  };
+  const auto bind_i = [level](auto f) {
+    return [f, level](T* sd, int n) { return f(sd, n, level); };
+  };
+  check_member(
+      "LT", vals, bind(m.lt), bind_i(m.lt_i), [&](T x) { return keep(x < level ? level : x); }, eq);
+  check_member(
+      "GT", vals, bind(m.gt), bind_i(m.gt_i), [&](T x) { return keep(x > level ? level : x); }, eq);
+  check_member(
+      "LTAbs", vals, bind(m.lt_abs), bind_i(m.lt_abs_i),
+      [&](T x) { return keep(wabs(x) < level ? with_sign(level, x) : x); }, eq);
+  check_member(
+      "GTAbs", vals, bind(m.gt_abs), bind_i(m.gt_abs_i),
+      [&](T x) {
+        return keep(wabs(x) > level || std::isnan(wabs(x)) ? with_sign(level, x)
+                                                           : x);  // NaN lies above every level
+      },
+      eq);
   const T lo = static_cast<T>(-level), v1 = static_cast<T>(7), v2 = static_cast<T>(-9);
   check_member(
-      "LTValGTVal", vals, [&](const T* s, T* d, int n) { return m.lt_val_gt_val(s, d, n, lo, v1, level, v2); },
+      "LTValGTVal", vals,
+      [&](const T* s, T* d, int n) { return m.lt_val_gt_val(s, d, n, lo, v1, level, v2); },
       [&](T* sd, int n) { return m.lt_val_gt_val_i(sd, n, lo, v1, level, v2); },
-      [&](T x) { return keep(x < lo ? v1 : x > level ? v2 : x); }, eq);
+      [&](T x) { return keep(x < lo      ? v1
+                             : x > level ? v2
+                                         : x); }, eq);
   for (T lv : {level, static_cast<T>(-level)}) {  // a negative level replaces nothing
     check_member(
         "LTAbsVal", vals, [&](const T* s, T* d, int n) { return m.lt_abs_val(s, d, n, lv, v1); },
@@ -155,12 +175,13 @@ void check_real(const RealMembers<T>& m, T level) {
   }
 }
 
-#define REAL_MEMBERS(T)                                                                                      \
-  RealMembers<Vek##T> {                                                                                      \
-    veksThreshold_LT_##T, veksThreshold_GT_##T, veksThreshold_LTAbs_##T, veksThreshold_GTAbs_##T,            \
-        veksThreshold_LT_##T##_I, veksThreshold_GT_##T##_I, veksThreshold_LTAbs_##T##_I,                     \
-        veksThreshold_GTAbs_##T##_I, veksThreshold_LTValGTVal_##T, veksThreshold_LTValGTVal_##T##_I,         \
-        veksThreshold_LTAbsVal_##T, veksThreshold_LTAbsVal_##T##_I                                           \
+#define REAL_MEMBERS(T)                                                                           \
+  RealMembers<Vek##T> {                                                                           \
+    veksThreshold_LT_##T, veksThreshold_GT_##T, veksThreshold_LTAbs_##T, veksThreshold_GTAbs_##T, \
+        veksThreshold_LT_##T##_I, veksThreshold_GT_##T##_I, veksThreshold_LTAbs_##T##_I,          \
+        veksThreshold_GTAbs_##T##_I, veksThreshold_LTValGTVal_##T,                                \
+        veksThreshold_LTValGTVal_##T##_I, veksThreshold_LTAbsVal_##T,                             \
+        veksThreshold_LTAbsVal_##T##_I                                                            \
   }
 
 TEST(ThresholdReal, EveryRelation) {
@@ -175,20 +196,33 @@ TEST(ThresholdReal, EveryRelation) {
 
 // The plain members with a relation, and the value members of real types.
 template <class T>
-void check_relation_and_values(VekStatus (*rel)(const T*, T*, int, T, int), VekStatus (*rel_i)(T*, int, T, int),
-                               VekStatus (*ltv)(const T*, T*, int, T, T), VekStatus (*ltv_i)(T*, int, T, T),
-                               VekStatus (*gtv)(const T*, T*, int, T, T), VekStatus (*gtv_i)(T*, int, T, T)) {
+void check_relation_and_values(VekStatus (*rel)(const T*, T*, int, T, int),
+                               VekStatus (*rel_i)(T*, int, T, int),
+                               VekStatus (*ltv)(const T*, T*, int, T, T),
+                               VekStatus (*ltv_i)(T*, int, T, T),
+                               VekStatus (*gtv)(const T*, T*, int, T, T),
+                               VekStatus (*gtv_i)(T*, int, T, T)) {
   const auto vals = real_inputs<T>(9);
   const auto eq = [](T a, T b) { return same(a, b); };
   const T level = 3, value = -6;
-  check_member("Threshold less", vals, [&](const T* s, T* d, int n) { return rel(s, d, n, level, vekRelLess); },
-               [&](T* sd, int n) { return rel_i(sd, n, level, vekRelLess); }, [&](T x) { return keep(x < level ? level : x); }, eq);
-  check_member("Threshold greater", vals, [&](const T* s, T* d, int n) { return rel(s, d, n, level, vekRelGreater); },
-               [&](T* sd, int n) { return rel_i(sd, n, level, vekRelGreater); }, [&](T x) { return keep(x > level ? level : x); }, eq);
-  check_member("LTVal", vals, [&](const T* s, T* d, int n) { return ltv(s, d, n, level, value); },
-               [&](T* sd, int n) { return ltv_i(sd, n, level, value); }, [&](T x) { return keep(x < level ? value : x); }, eq);
-  check_member("GTVal", vals, [&](const T* s, T* d, int n) { return gtv(s, d, n, level, value); },
-               [&](T* sd, int n) { return gtv_i(sd, n, level, value); }, [&](T x) { return keep(x > level ? value : x); }, eq);
+  check_member(
+      "Threshold less", vals,
+      [&](const T* s, T* d, int n) { return rel(s, d, n, level, vekRelLess); },
+      [&](T* sd, int n) { return rel_i(sd, n, level, vekRelLess); },
+      [&](T x) { return keep(x < level ? level : x); }, eq);
+  check_member(
+      "Threshold greater", vals,
+      [&](const T* s, T* d, int n) { return rel(s, d, n, level, vekRelGreater); },
+      [&](T* sd, int n) { return rel_i(sd, n, level, vekRelGreater); },
+      [&](T x) { return keep(x > level ? level : x); }, eq);
+  check_member(
+      "LTVal", vals, [&](const T* s, T* d, int n) { return ltv(s, d, n, level, value); },
+      [&](T* sd, int n) { return ltv_i(sd, n, level, value); },
+      [&](T x) { return keep(x < level ? value : x); }, eq);
+  check_member(
+      "GTVal", vals, [&](const T* s, T* d, int n) { return gtv(s, d, n, level, value); },
+      [&](T* sd, int n) { return gtv_i(sd, n, level, value); },
+      [&](T x) { return keep(x > level ? value : x); }, eq);
   Guarded<T> s(8), d(8);
   for (int bad : {1, 2, 3, 7, -4}) {
     EXPECT_EQ(rel(s.data(), d.data(), 8, level, bad), vekStatusBadArg);
@@ -200,12 +234,15 @@ void check_relation_and_values(VekStatus (*rel)(const T*, T*, int, T, int), VekS
 }
 
 TEST(ThresholdReal, RelationAndValues) {
-  check_relation_and_values<Vek16s>(veksThreshold_16s, veksThreshold_16s_I, veksThreshold_LTVal_16s, veksThreshold_LTVal_16s_I,
-                                    veksThreshold_GTVal_16s, veksThreshold_GTVal_16s_I);
-  check_relation_and_values<Vek32f>(veksThreshold_32f, veksThreshold_32f_I, veksThreshold_LTVal_32f, veksThreshold_LTVal_32f_I,
-                                    veksThreshold_GTVal_32f, veksThreshold_GTVal_32f_I);
-  check_relation_and_values<Vek64f>(veksThreshold_64f, veksThreshold_64f_I, veksThreshold_LTVal_64f, veksThreshold_LTVal_64f_I,
-                                    veksThreshold_GTVal_64f, veksThreshold_GTVal_64f_I);
+  check_relation_and_values<Vek16s>(veksThreshold_16s, veksThreshold_16s_I, veksThreshold_LTVal_16s,
+                                    veksThreshold_LTVal_16s_I, veksThreshold_GTVal_16s,
+                                    veksThreshold_GTVal_16s_I);
+  check_relation_and_values<Vek32f>(veksThreshold_32f, veksThreshold_32f_I, veksThreshold_LTVal_32f,
+                                    veksThreshold_LTVal_32f_I, veksThreshold_GTVal_32f,
+                                    veksThreshold_GTVal_32f_I);
+  check_relation_and_values<Vek64f>(veksThreshold_64f, veksThreshold_64f_I, veksThreshold_LTVal_64f,
+                                    veksThreshold_LTVal_64f_I, veksThreshold_GTVal_64f,
+                                    veksThreshold_GTVal_64f_I);
 }
 
 TEST(ThresholdReal, DocumentedCases) {
@@ -235,7 +272,8 @@ TEST(ThresholdReal, ArgumentChecks) {
   EXPECT_EQ(veksThreshold_GTAbs_32f_I(d.data(), 8, -1), vekStatusNegativeLevel);
   EXPECT_EQ(veksThreshold_LTAbs_32f(s.data(), d.data(), 0, -1), vekStatusBadSize);
   EXPECT_EQ(veksThreshold_LTInv_32f(s.data(), d.data(), 8, -1), vekStatusNegativeLevel);
-  EXPECT_EQ(veksThreshold_LTValGTVal_32f(s.data(), d.data(), 8, 2, 0, 1, 0), vekStatusLevelsCrossed);
+  EXPECT_EQ(veksThreshold_LTValGTVal_32f(s.data(), d.data(), 8, 2, 0, 1, 0),
+            vekStatusLevelsCrossed);
   EXPECT_EQ(veksThreshold_LTValGTVal_32f(s.data(), d.data(), 0, 2, 0, 1, 0), vekStatusBadSize);
   Guarded<Vek16s> i16(8);
   EXPECT_EQ(veksThreshold_LTAbs_16s_I(i16.data(), 8, -1), vekStatusNegativeLevel);
@@ -250,14 +288,15 @@ void check_inv_real(Fn2<T> f, Fn2I<T> fi) {
   const auto vals = real_inputs<T>(21);
   const auto eq = [](T a, T b) { return same(a, b); };
   for (T level : {T{0}, T{2}, T{0.25}}) {
-    check_member("LTInv", vals, [&](const T* s, T* d, int n) { return f(s, d, n, level); },
-                 [&](T* sd, int n) { return fi(sd, n, level); },
-                 [&](T x) {
-                   if (std::isnan(x)) return Out<T>{x};
-                   const T m = std::copysign(std::fmax(std::fabs(x), level), x);
-                   return Out<T>{static_cast<T>(T{1} / m), level == 0 && x == 0};
-                 },
-                 eq, vekStatusWarnSingular);
+    check_member(
+        "LTInv", vals, [&](const T* s, T* d, int n) { return f(s, d, n, level); },
+        [&](T* sd, int n) { return fi(sd, n, level); },
+        [&](T x) {
+          if (std::isnan(x)) return Out<T>{x};
+          const T m = std::copysign(std::fmax(std::fabs(x), level), x);
+          return Out<T>{static_cast<T>(T{1} / m), level == 0 && x == 0};
+        },
+        eq, vekStatusWarnSingular);
   }
   const T in[] = {0, 2};
   T out[2];
@@ -286,7 +325,8 @@ TEST(ThresholdLTInv, ThreadedPath) {
       EXPECT_EQ(veksThreshold_LTInv_32f(s.data(), d.data(), n, 0.0f), warn) << n;
       for (size_t i = 0; i < s.size(); ++i) ASSERT_TRUE(same(d[i], 1.0f / s[i])) << i;
       EXPECT_EQ(veksThreshold_LTInv_32f(s.data(), d.data(), n, 3.0f), vekStatusOk);
-      for (size_t i = 0; i < s.size(); ++i) ASSERT_TRUE(same(d[i], 1.0f / std::copysign(std::fmax(std::fabs(s[i]), 3.0f), s[i])));
+      for (size_t i = 0; i < s.size(); ++i)
+        ASSERT_TRUE(same(d[i], 1.0f / std::copysign(std::fmax(std::fabs(s[i]), 3.0f), s[i])));
       std::vector<Vek64fc> c(s.size()), cd(s.size());
       for (size_t i = 0; i < s.size(); ++i) c[i] = {s[i], 0.0};
       EXPECT_EQ(veksThreshold_LTInv_64fc(c.data(), cd.data(), n, 0.0), warn) << n;
@@ -347,7 +387,9 @@ bool near(C got, C want, long double scale) {
   const auto close = [&](T g, T w) {
     if (std::isnan(static_cast<long double>(w))) return std::isnan(static_cast<long double>(g));
     if (std::isinf(static_cast<long double>(w))) return g == w;
-    const long double tol = std::is_same_v<T, float> ? 4e-7L : std::is_same_v<T, double> ? 1e-15L : 1.0L;
+    const long double tol = std::is_same_v<T, float>    ? 4e-7L
+                            : std::is_same_v<T, double> ? 1e-15L
+                                                        : 1.0L;
     return std::fabs(static_cast<long double>(g) - w) <= tol * scale;
   };
   return close(got.re, want.re) && close(got.im, want.im);
@@ -375,22 +417,34 @@ void check_complex(const ComplexMembers<C>& m) {
     const auto vals = complex_inputs<C>(level, static_cast<unsigned>(level));
     const long double lv = level;
     const auto eq = [lv](C a, C b) { return near(a, b, lv); };
-    const auto mag = [](C x) { return std::hypot(static_cast<long double>(x.re), static_cast<long double>(x.im)); };
+    const auto mag = [](C x) {
+      return std::hypot(static_cast<long double>(x.re), static_cast<long double>(x.im));
+    };
     const auto less = [&](C x) { return keep(mag(x) < lv ? moved(x, lv) : x); };
     const auto more = [&](C x) { return keep(mag(x) > lv ? moved(x, lv) : x); };
     const C value{7, -2};
-    check_member("LT", vals, [&](const C* s, C* d, int n) { return m.lt(s, d, n, level); },
-                 [&](C* sd, int n) { return m.lt_i(sd, n, level); }, less, eq);
-    check_member("GT", vals, [&](const C* s, C* d, int n) { return m.gt(s, d, n, level); },
-                 [&](C* sd, int n) { return m.gt_i(sd, n, level); }, more, eq);
-    check_member("Threshold less", vals, [&](const C* s, C* d, int n) { return m.rel(s, d, n, level, vekRelLess); },
-                 [&](C* sd, int n) { return m.rel_i(sd, n, level, vekRelLess); }, less, eq);
-    check_member("Threshold greater", vals, [&](const C* s, C* d, int n) { return m.rel(s, d, n, level, vekRelGreater); },
-                 [&](C* sd, int n) { return m.rel_i(sd, n, level, vekRelGreater); }, more, eq);
-    check_member("LTVal", vals, [&](const C* s, C* d, int n) { return m.ltv(s, d, n, level, value); },
-                 [&](C* sd, int n) { return m.ltv_i(sd, n, level, value); }, [&](C x) { return keep(mag(x) < lv ? value : x); }, eq);
-    check_member("GTVal", vals, [&](const C* s, C* d, int n) { return m.gtv(s, d, n, level, value); },
-                 [&](C* sd, int n) { return m.gtv_i(sd, n, level, value); }, [&](C x) { return keep(mag(x) > lv ? value : x); }, eq);
+    check_member(
+        "LT", vals, [&](const C* s, C* d, int n) { return m.lt(s, d, n, level); },
+        [&](C* sd, int n) { return m.lt_i(sd, n, level); }, less, eq);
+    check_member(
+        "GT", vals, [&](const C* s, C* d, int n) { return m.gt(s, d, n, level); },
+        [&](C* sd, int n) { return m.gt_i(sd, n, level); }, more, eq);
+    check_member(
+        "Threshold less", vals,
+        [&](const C* s, C* d, int n) { return m.rel(s, d, n, level, vekRelLess); },
+        [&](C* sd, int n) { return m.rel_i(sd, n, level, vekRelLess); }, less, eq);
+    check_member(
+        "Threshold greater", vals,
+        [&](const C* s, C* d, int n) { return m.rel(s, d, n, level, vekRelGreater); },
+        [&](C* sd, int n) { return m.rel_i(sd, n, level, vekRelGreater); }, more, eq);
+    check_member(
+        "LTVal", vals, [&](const C* s, C* d, int n) { return m.ltv(s, d, n, level, value); },
+        [&](C* sd, int n) { return m.ltv_i(sd, n, level, value); },
+        [&](C x) { return keep(mag(x) < lv ? value : x); }, eq);
+    check_member(
+        "GTVal", vals, [&](const C* s, C* d, int n) { return m.gtv(s, d, n, level, value); },
+        [&](C* sd, int n) { return m.gtv_i(sd, n, level, value); },
+        [&](C x) { return keep(mag(x) > lv ? value : x); }, eq);
   }
   // Level 0: Threshold/LT copy the source bit for bit, Threshold/GT zero every element (NaN too).
   const auto vals = complex_inputs<C>(5, 3);
@@ -399,7 +453,8 @@ void check_complex(const ComplexMembers<C>& m) {
   ASSERT_EQ(m.lt(vals.data(), d.data(), n, 0), vekStatusOk);
   EXPECT_EQ(std::memcmp(d.data(), vals.data(), sizeof(C) * vals.size()), 0);
   ASSERT_EQ(m.rel(vals.data(), d.data(), n, 0, vekRelGreater), vekStatusOk);
-  for (int i = 0; i < n; ++i) ASSERT_TRUE(d[static_cast<size_t>(i)].re == 0 && d[static_cast<size_t>(i)].im == 0);
+  for (int i = 0; i < n; ++i)
+    ASSERT_TRUE(d[static_cast<size_t>(i)].re == 0 && d[static_cast<size_t>(i)].im == 0);
   ASSERT_TRUE(d.guards_intact());
   // Checks: relation before level, negative level for every member.
   d.remember();
@@ -415,11 +470,11 @@ void check_complex(const ComplexMembers<C>& m) {
   EXPECT_TRUE(d.unchanged());
 }
 
-#define COMPLEX_MEMBERS(T)                                                                                       \
-  ComplexMembers<Vek##T> {                                                                                       \
-    veksThreshold_##T, veksThreshold_##T##_I, veksThreshold_LT_##T, veksThreshold_LT_##T##_I, veksThreshold_GT_##T, \
-        veksThreshold_GT_##T##_I, veksThreshold_LTVal_##T, veksThreshold_LTVal_##T##_I, veksThreshold_GTVal_##T,   \
-        veksThreshold_GTVal_##T##_I                                                                              \
+#define COMPLEX_MEMBERS(T)                                                                    \
+  ComplexMembers<Vek##T> {                                                                    \
+    veksThreshold_##T, veksThreshold_##T##_I, veksThreshold_LT_##T, veksThreshold_LT_##T##_I, \
+        veksThreshold_GT_##T, veksThreshold_GT_##T##_I, veksThreshold_LTVal_##T,              \
+        veksThreshold_LTVal_##T##_I, veksThreshold_GTVal_##T, veksThreshold_GTVal_##T##_I     \
   }
 
 TEST(ThresholdComplex, MagnitudeKeepsPhase) {
@@ -429,24 +484,31 @@ TEST(ThresholdComplex, MagnitudeKeepsPhase) {
 }
 
 template <class C>
-void check_inv_complex(VekStatus (*f)(const C*, C*, int, part<C>), VekStatus (*fi)(C*, int, part<C>)) {
+void check_inv_complex(VekStatus (*f)(const C*, C*, int, part<C>),
+                       VekStatus (*fi)(C*, int, part<C>)) {
   using T = part<C>;
   for (T level : {T{0}, T{5}}) {
     auto vals = complex_inputs<C>(5, 11);
     vals.resize(vals.size() - 1);
     vals.push_back({T(-0.0), T(-0.0)});
-    check_member("LTInv", vals, [&](const C* s, C* d, int n) { return f(s, d, n, level); },
-                 [&](C* sd, int n) { return fi(sd, n, level); },
-                 [&](C x) {
-                   if (level == 0 && x.re == 0 && x.im == 0)
-                     return Out<C>{{std::copysign(std::numeric_limits<T>::infinity(), x.re), std::copysign(T{0}, -x.im)}, true};
-                   const long double m = std::hypot(static_cast<long double>(x.re), static_cast<long double>(x.im));
-                   const C y = m < level ? moved(x, level) : x;
-                   if (std::isinf(m)) return Out<C>{{std::copysign(T{0}, y.re), std::copysign(T{0}, -y.im)}};
-                   const long double q = static_cast<long double>(y.re) * y.re + static_cast<long double>(y.im) * y.im;
-                   return Out<C>{{static_cast<T>(y.re / q), static_cast<T>(-y.im / q)}};
-                 },
-                 [](C a, C b) { return near(a, b, std::fmax(std::fabs(b.re), std::fabs(b.im))); }, vekStatusWarnSingular);
+    check_member(
+        "LTInv", vals, [&](const C* s, C* d, int n) { return f(s, d, n, level); },
+        [&](C* sd, int n) { return fi(sd, n, level); },
+        [&](C x) {
+          if (level == 0 && x.re == 0 && x.im == 0)
+            return Out<C>{{std::copysign(std::numeric_limits<T>::infinity(), x.re),
+                           std::copysign(T{0}, -x.im)},
+                          true};
+          const long double m =
+              std::hypot(static_cast<long double>(x.re), static_cast<long double>(x.im));
+          const C y = m < level ? moved(x, level) : x;
+          if (std::isinf(m)) return Out<C>{{std::copysign(T{0}, y.re), std::copysign(T{0}, -y.im)}};
+          const long double q =
+              static_cast<long double>(y.re) * y.re + static_cast<long double>(y.im) * y.im;
+          return Out<C>{{static_cast<T>(y.re / q), static_cast<T>(-y.im / q)}};
+        },
+        [](C a, C b) { return near(a, b, std::fmax(std::fabs(b.re), std::fabs(b.im))); },
+        vekStatusWarnSingular);
   }
 }
 
