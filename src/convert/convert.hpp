@@ -314,8 +314,8 @@ void f2i_run(ptr_t<D>* d, size_t n, S factor, Load&& load) {
             a = _mm512_mul_pd(a, f);
             b = _mm512_mul_pd(b, f);
           }
-          const __m512i q = _mm512_inserti64x4(_mm512_castsi256_si512(f64_to_i32<D, R>(a)),
-                                               f64_to_i32<D, R>(b), 1);
+          const __m256i lo = f64_to_i32<D, R>(a), hi = f64_to_i32<D, R>(b);
+          const __m512i q = _mm512_inserti64x4(_mm512_castsi256_si512(lo), hi, 1);
           store_sat<D, decltype(full)>(d, i, c, q);
         });
   }
