@@ -40,11 +40,15 @@ template <class S, class D>
 VekStatus widen(const ptr_t<S>* s, D* d, int len) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   const size_t n = static_cast<size_t>(len);
-  if constexpr (is24<S>) {
-    blocks<16>(n, [&](auto full, size_t i, size_t c) {
-      const __m512i v = load_i32<S>(s, i, c);
+  if constexpr (sizeof(D) == 4 && (is24<S> || (std::is_integral_v<S> && sizeof(S) <= 4))) {
+    // Integers of up to 32 bits into 32-bit lanes, converted there (rounding only 32s to 32f, in
+    // the caller's mode).
+    const FpScope fp(FpRound::Caller);
+    const size_t src_bytes = is24<S> ? 3 : sizeof(ptr_t<S>);
+    blocks_nt<16, 4>(n, d, n * (4 + src_bytes), [=](auto full, size_t i, size_t c) {
+      const __m512i v = load_i32<S, full>(s, i, c);
       if constexpr (std::is_floating_point_v<D>) {
-        store_ps<decltype(full)>(d + i, c, _mm512_cvtepi32_ps(v));  // 24 bits: exact
+        store_ps<decltype(full)>(d + i, c, _mm512_cvtepi32_ps(v));
       } else {
         store_i32<Vek32s, decltype(full)>(reinterpret_cast<Vek32s*>(d), i, c, v);
       }
@@ -65,9 +69,17 @@ VekStatus widen_sfs(const S* s, D* d, int len, int sf) {
   VEKS_TRY(check_ptrs_len(len, s, d));
   const FpScope fp(FpRound::Caller);
   const D e = -static_cast<D>(sf);
-  map_nt<D>(
-      static_cast<size_t>(len), d, [e](auto x) { return scale2(x, simd::splat<decltype(x)>(e)); },
-      s);
+  const size_t n = static_cast<size_t>(len);
+  if constexpr (sizeof(D) == 4) {
+    const __m512 ev = _mm512_set1_ps(e);
+    blocks_nt<16, 4>(n, d, n * (4 + sizeof(S)), [=](auto full, size_t i, size_t c) {
+      const __m512 x = _mm512_cvtepi32_ps(load_i32<S, full>(s, i, c));
+      store_ps<decltype(full)>(d + i, c, _mm512_scalef_ps(x, ev));
+    });
+  } else {
+    map_nt<D>(
+        n, d, [e](auto x) { return scale2(x, simd::splat<decltype(x)>(e)); }, s);
+  }
   return vekStatusOk;
 }
 
@@ -401,7 +413,12 @@ inline bool hw_half() { return ownGetFeature(VEK_FEATURE_F16C) != 0; }
 
 template <bool ToZero>
 inline __m256i float_to_half(__m512 v, bool hw) {
-  if (hw) return _mm512_cvtps_ph(v, ToZero ? kRoundZero : kRoundEven);
+  if (hw) {
+    __m256i h = _mm512_cvtps_ph(v, ToZero ? kRoundZero : kRoundEven);
+    // kept in a register: the form that stores straight to memory is much slower on some cores
+    __asm__("" : "+v"(h));
+    return h;
+  }
   return float_to_half_sw<ToZero>(v);
 }
 
