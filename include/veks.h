@@ -31,6 +31,10 @@ extern "C" {
 typedef int VekAccuracyHint;
 enum { vekHintNone = 0, vekHintFast = 1, vekHintAccurate = 2 };
 
+/* Relation selector of the plain Threshold operations. */
+typedef int VekRelation;
+enum { vekRelLess = 0, vekRelGreater = 4 };
+
 /* Zero-crossing measure of the statistics family. */
 typedef int VekCrossingMeasure;
 enum { vekCrossProduct = 0, vekCrossSignBit = 1, vekCrossWithZeros = 2 };
@@ -685,6 +689,141 @@ VEKS_API VekStatus veksConjFlip_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len
 VEKS_API VekStatus veksConjFlip_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
 /* pDst[i] = conj(pSrc[len - 1 - i]); pSrc may equal pDst (reversed in place). */
 VEKS_API VekStatus veksConjFlip_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+
+/* ==== Conversion: widening and integer to floating point ==== */
+/* Values are exact where the destination holds them; otherwise rounded in the caller's rounding */
+/* mode (32s32f, 64s64f, 64f32f). The _Sfs forms then multiply by 2^-scaleFactor, rounded once. */
+/* The packed 24-bit formats hold three bytes per element, least significant first. */
+/* Converts len elements from 8s to 16s. */
+VEKS_API VekStatus veksConvert_8s16s(const Vek8s* pSrc, Vek16s* pDst, int len);
+/* Converts len elements from 8s to 32f. */
+VEKS_API VekStatus veksConvert_8s32f(const Vek8s* pSrc, Vek32f* pDst, int len);
+/* Converts len elements from 8u to 32f. */
+VEKS_API VekStatus veksConvert_8u32f(const Vek8u* pSrc, Vek32f* pDst, int len);
+/* Converts len elements from 16s to 32s. */
+VEKS_API VekStatus veksConvert_16s32s(const Vek16s* pSrc, Vek32s* pDst, int len);
+/* Converts len elements from 16s to 32f. */
+VEKS_API VekStatus veksConvert_16s32f(const Vek16s* pSrc, Vek32f* pDst, int len);
+/* Converts len elements from 16u to 32f. */
+VEKS_API VekStatus veksConvert_16u32f(const Vek16u* pSrc, Vek32f* pDst, int len);
+/* Converts len elements from 32s to 32f. */
+VEKS_API VekStatus veksConvert_32s32f(const Vek32s* pSrc, Vek32f* pDst, int len);
+/* Converts len elements from 32s to 64f. */
+VEKS_API VekStatus veksConvert_32s64f(const Vek32s* pSrc, Vek64f* pDst, int len);
+/* Converts len elements from 64s to 64f. */
+VEKS_API VekStatus veksConvert_64s64f(const Vek64s* pSrc, Vek64f* pDst, int len);
+/* Converts len elements from 32f to 64f. */
+VEKS_API VekStatus veksConvert_32f64f(const Vek32f* pSrc, Vek64f* pDst, int len);
+/* Converts len packed 24s elements (3 bytes each) to 32f. */
+VEKS_API VekStatus veksConvert_24s32f(const Vek8u* pSrc, Vek32f* pDst, int len);
+/* Converts len packed 24s elements (3 bytes each) to 32s. */
+VEKS_API VekStatus veksConvert_24s32s(const Vek8u* pSrc, Vek32s* pDst, int len);
+/* Converts len packed 24u elements (3 bytes each) to 32f. */
+VEKS_API VekStatus veksConvert_24u32f(const Vek8u* pSrc, Vek32f* pDst, int len);
+/* Converts len packed 24u elements (3 bytes each) to 32u. */
+VEKS_API VekStatus veksConvert_24u32u(const Vek8u* pSrc, Vek32u* pDst, int len);
+/* pDst[i] = pSrc[i] * 2^-scaleFactor in 32f. */
+VEKS_API VekStatus veksConvert_16s32f_Sfs(const Vek16s* pSrc, Vek32f* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * 2^-scaleFactor in 64f. */
+VEKS_API VekStatus veksConvert_16s64f_Sfs(const Vek16s* pSrc, Vek64f* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * 2^-scaleFactor in 32f. */
+VEKS_API VekStatus veksConvert_32s32f_Sfs(const Vek32s* pSrc, Vek32f* pDst, int len, int scaleFactor);
+/* pDst[i] = pSrc[i] * 2^-scaleFactor in 64f. */
+VEKS_API VekStatus veksConvert_32s64f_Sfs(const Vek32s* pSrc, Vek64f* pDst, int len, int scaleFactor);
+
+/* ==== Conversion: floating point to integer ==== */
+/* rndMode: 1 to nearest with ties to even, 0 toward zero, any other value to nearest with ties */
+/* away from zero (veksConvert_64f32s_Sfs: ties away only for 2, any other value but 0 is */
+/* ties to even). Nothing but the pointers and the length is checked. Each element is first */
+/* multiplied by a factor whose bit pattern is that of 1.0 minus scaleFactor exponent steps, in */
+/* the integer width of the source type (0x3F800000 - scaleFactor * 2^23 for 32f, */
+/* 0x3FF0000000000000 - scaleFactor * 2^52 for 64f), wrapping: exactly 2^-scaleFactor for */
+/* -127..126 (32f) or -1023..1022 (64f); scaleFactor 0 multiplies by nothing. The result is */
+/* rounded, then saturated to the destination's range (24s: -2^23..2^23-1, 24u: 0..2^24-1, */
+/* 32s and 64s: the full range, so values from 2^31 or 2^63 up give the maximum); NaN gives the */
+/* minimum (0 for unsigned). The caller's rounding mode and exception flags are kept. */
+/* 32f to 8s: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_32f8s_Sfs(const Vek32f* pSrc, Vek8s* pDst, int len, int rndMode, int scaleFactor);
+/* 32f to 8u: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_32f8u_Sfs(const Vek32f* pSrc, Vek8u* pDst, int len, int rndMode, int scaleFactor);
+/* 32f to 16s: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_32f16s_Sfs(const Vek32f* pSrc, Vek16s* pDst, int len, int rndMode, int scaleFactor);
+/* 32f to 16u: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_32f16u_Sfs(const Vek32f* pSrc, Vek16u* pDst, int len, int rndMode, int scaleFactor);
+/* 32f to 32s: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_32f32s_Sfs(const Vek32f* pSrc, Vek32s* pDst, int len, int rndMode, int scaleFactor);
+/* 64f to 16s: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_64f16s_Sfs(const Vek64f* pSrc, Vek16s* pDst, int len, int rndMode, int scaleFactor);
+/* 64f to 64s: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_64f64s_Sfs(const Vek64f* pSrc, Vek64s* pDst, int len, int rndMode, int scaleFactor);
+/* 32f to packed 24s: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_32f24s_Sfs(const Vek32f* pSrc, Vek8u* pDst, int len, int rndMode, int scaleFactor);
+/* 32f to packed 24u: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_32f24u_Sfs(const Vek32f* pSrc, Vek8u* pDst, int len, int rndMode, int scaleFactor);
+/* 64f to 32s: scaled, rounded (2 ties away, 0 toward zero, else ties to even), saturated. */
+VEKS_API VekStatus veksConvert_64f32s_Sfs(const Vek64f* pSrc, Vek32s* pDst, int len, int rndMode, int scaleFactor);
+
+/* ==== Conversion: narrowing ==== */
+/* Integer narrowing divides by 2^scaleFactor rounding to nearest with ties to even (negative */
+/* factors multiply), then saturates to the destination's range (24s: -2^23..2^23-1, 24u: */
+/* 0..2^24-1). 64f32f rounds in the caller's rounding mode; overflow gives an infinity. */
+/* 32s to 16s, saturated. */
+VEKS_API VekStatus veksConvert_32s16s(const Vek32s* pSrc, Vek16s* pDst, int len);
+/* 16s to 8s: scaled (ties to even) and saturated. */
+VEKS_API VekStatus veksConvert_16s8s_Sfs(const Vek16s* pSrc, Vek8s* pDst, int len, int scaleFactor);
+/* 32s to 16s: scaled (ties to even) and saturated. */
+VEKS_API VekStatus veksConvert_32s16s_Sfs(const Vek32s* pSrc, Vek16s* pDst, int len, int scaleFactor);
+/* 64s to 32s: scaled (ties to even) and saturated. */
+VEKS_API VekStatus veksConvert_64s32s_Sfs(const Vek64s* pSrc, Vek32s* pDst, int len, int scaleFactor);
+/* 32s to packed 24s: scaled (ties to even) and saturated. */
+VEKS_API VekStatus veksConvert_32s24s_Sfs(const Vek32s* pSrc, Vek8u* pDst, int len, int scaleFactor);
+/* 32u to packed 24u: scaled (ties to even) and saturated. */
+VEKS_API VekStatus veksConvert_32u24u_Sfs(const Vek32u* pSrc, Vek8u* pDst, int len, int scaleFactor);
+/* 64f to 32f in the caller's rounding mode. */
+VEKS_API VekStatus veksConvert_64f32f(const Vek64f* pSrc, Vek32f* pDst, int len);
+
+/* ==== Conversion: half precision ==== */
+/* Hardware conversion where the core library reports VEK_FEATURE_F16C, a software kernel with */
+/* bit-identical results otherwise. 32f16f: rndMode 2 gives vekStatusBadRoundMode, 0 rounds */
+/* toward zero (finite values never become infinite), every other value rounds to nearest-even. */
+/* 16s16f accepts rndMode 0 and 1 only; 16f16s_Sfs accepts 0, 1 and 2 and then converts as */
+/* veksConvert_32f16s_Sfs does. Other modes give vekStatusBadRoundMode (after the pointer and */
+/* length checks). NaNs come out quiet, with the payload's leading bits kept. */
+/* 32f to half precision. */
+VEKS_API VekStatus veksConvert_32f16f(const Vek32f* pSrc, Vek16f* pDst, int len, int rndMode);
+/* Half precision to 32f (exact). */
+VEKS_API VekStatus veksConvert_16f32f(const Vek16f* pSrc, Vek32f* pDst, int len);
+/* 16s to half precision (0 toward zero, 1 nearest-even). */
+VEKS_API VekStatus veksConvert_16s16f(const Vek16s* pSrc, Vek16f* pDst, int len, int rndMode);
+/* Half precision to 16s: scaled, rounded as rndMode says, saturated. */
+VEKS_API VekStatus veksConvert_16f16s_Sfs(const Vek16f* pSrc, Vek16s* pDst, int len, int rndMode, int scaleFactor);
+
+/* ==== Conversion: complex packing ==== */
+/* veksRealToCplx_*: a null part is read as zeros; both parts null is vekStatusNullPtr. */
+/* pDst[i] = (pSrcRe[i], pSrcIm[i]). */
+VEKS_API VekStatus veksRealToCplx_16s(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16sc* pDst, int len);
+/* pDst[i] = (pSrcRe[i], pSrcIm[i]). */
+VEKS_API VekStatus veksRealToCplx_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32fc* pDst, int len);
+/* pDst[i] = (pSrcRe[i], pSrcIm[i]). */
+VEKS_API VekStatus veksRealToCplx_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64fc* pDst, int len);
+/* Splits complex elements into real and imaginary parts. */
+VEKS_API VekStatus veksCplxToReal_16sc(const Vek16sc* pSrc, Vek16s* pDstRe, Vek16s* pDstIm, int len);
+/* Splits complex elements into real and imaginary parts. */
+VEKS_API VekStatus veksCplxToReal_32fc(const Vek32fc* pSrc, Vek32f* pDstRe, Vek32f* pDstIm, int len);
+/* Splits complex elements into real and imaginary parts. */
+VEKS_API VekStatus veksCplxToReal_64fc(const Vek64fc* pSrc, Vek64f* pDstRe, Vek64f* pDstIm, int len);
+/* The real part of each element. */
+VEKS_API VekStatus veksReal_16sc(const Vek16sc* pSrc, Vek16s* pDstRe, int len);
+/* The real part of each element. */
+VEKS_API VekStatus veksReal_32fc(const Vek32fc* pSrc, Vek32f* pDstRe, int len);
+/* The real part of each element. */
+VEKS_API VekStatus veksReal_64fc(const Vek64fc* pSrc, Vek64f* pDstRe, int len);
+/* The imaginary part of each element. */
+VEKS_API VekStatus veksImag_16sc(const Vek16sc* pSrc, Vek16s* pDstIm, int len);
+/* The imaginary part of each element. */
+VEKS_API VekStatus veksImag_32fc(const Vek32fc* pSrc, Vek32f* pDstIm, int len);
+/* The imaginary part of each element. */
+VEKS_API VekStatus veksImag_64fc(const Vek64fc* pSrc, Vek64f* pDstIm, int len);
 
 /* ==== Division ==== */
 /* Integer quotients are exact: round(pSrc2[i] / pSrc1[i] * 2^-scaleFactor) with ties to even, */
@@ -1468,6 +1607,234 @@ VEKS_API VekStatus veksDotProd_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSr
 VEKS_API VekStatus veksDotProd_32s_Sfs(const Vek32s* pSrc1, const Vek32s* pSrc2, int len, Vek32s* pDp, int scaleFactor);
 /* Exact dot product, scale factor clamped to -31..31. */
 VEKS_API VekStatus veksDotProd_16s32s32s_Sfs(const Vek16s* pSrc1, const Vek32s* pSrc2, int len, Vek32s* pDp, int scaleFactor);
+
+/* ==== Thresholding ==== */
+/* Checks in order: null pointer (-8), len < 1 (-6), relation other than vekRelLess or */
+/* vekRelGreater (-5), negative level (-19: LTAbs, GTAbs, LTInv and every complex member), */
+/* levelLT > levelGT (-18). Nothing is written on an error. A NaN element passes every value */
+/* comparison unchanged. LTAbs and GTAbs compare |x| as an unsigned bit pattern and put the */
+/* sign of x back: -0 stays -0 under level 0, a NaN lies above every level (LTAbs keeps it, */
+/* GTAbs replaces it by the level with its sign). Integer |x| is exact (|-32768| = 32768) and */
+/* an integer 0 takes the level's positive sign. LTAbsVal compares |x| < level for any level. */
+/* Complex members compare the magnitude and keep the argument: an element moved to magnitude */
+/* level is level * x / |x| computed in binary64 (16sc rounded to nearest-even), a zero element */
+/* moved up becomes (level, 0). With level 0, Threshold/GT zero the destination and */
+/* Threshold/LT copy the source. LTInv computes 1 / (sign(x) * max(|x|, level)) with */
+/* exceptions masked; level 0 takes the plain reciprocal (a zero gives an infinity of its sign; */
+/* a complex zero gives (+-Inf with the real part's sign, 0 with the imaginary part's sign */
+/* reversed)) and returns vekStatusWarnSingular (4), or vekStatusWarnZeroDivisor (6) from */
+/* 8192 elements on, where the work is split over two threads. The caller's rounding mode and */
+/* exception flags are kept. */
+/* level where x is on the relOp side of it. */
+VEKS_API VekStatus veksThreshold_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level, VekRelation relOp);
+/* level where x is on the relOp side of it. */
+VEKS_API VekStatus veksThreshold_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level, VekRelation relOp);
+/* level where x is on the relOp side of it. */
+VEKS_API VekStatus veksThreshold_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level, VekRelation relOp);
+/* Magnitude level (phase kept) where |x| is on the relOp side of it. */
+VEKS_API VekStatus veksThreshold_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len, Vek16s level, VekRelation relOp);
+/* Magnitude level (phase kept) where |x| is on the relOp side of it. */
+VEKS_API VekStatus veksThreshold_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f level, VekRelation relOp);
+/* Magnitude level (phase kept) where |x| is on the relOp side of it. */
+VEKS_API VekStatus veksThreshold_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len, Vek64f level, VekRelation relOp);
+/* level where x < level. */
+VEKS_API VekStatus veksThreshold_LT_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level);
+/* level where x < level. */
+VEKS_API VekStatus veksThreshold_LT_32s(const Vek32s* pSrc, Vek32s* pDst, int len, Vek32s level);
+/* level where x < level. */
+VEKS_API VekStatus veksThreshold_LT_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level);
+/* level where x < level. */
+VEKS_API VekStatus veksThreshold_LT_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level);
+/* Magnitude level (phase kept) where |x| < level. */
+VEKS_API VekStatus veksThreshold_LT_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len, Vek16s level);
+/* Magnitude level (phase kept) where |x| < level. */
+VEKS_API VekStatus veksThreshold_LT_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f level);
+/* Magnitude level (phase kept) where |x| < level. */
+VEKS_API VekStatus veksThreshold_LT_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len, Vek64f level);
+/* level where x > level. */
+VEKS_API VekStatus veksThreshold_GT_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level);
+/* level where x > level. */
+VEKS_API VekStatus veksThreshold_GT_32s(const Vek32s* pSrc, Vek32s* pDst, int len, Vek32s level);
+/* level where x > level. */
+VEKS_API VekStatus veksThreshold_GT_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level);
+/* level where x > level. */
+VEKS_API VekStatus veksThreshold_GT_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level);
+/* Magnitude level (phase kept) where |x| > level. */
+VEKS_API VekStatus veksThreshold_GT_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len, Vek16s level);
+/* Magnitude level (phase kept) where |x| > level. */
+VEKS_API VekStatus veksThreshold_GT_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f level);
+/* Magnitude level (phase kept) where |x| > level. */
+VEKS_API VekStatus veksThreshold_GT_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len, Vek64f level);
+/* value where x < level. */
+VEKS_API VekStatus veksThreshold_LTVal_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level, Vek16s value);
+/* value where x < level. */
+VEKS_API VekStatus veksThreshold_LTVal_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level, Vek32f value);
+/* value where x < level. */
+VEKS_API VekStatus veksThreshold_LTVal_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level, Vek64f value);
+/* value where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTVal_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len, Vek16s level, Vek16sc value);
+/* value where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTVal_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f level, Vek32fc value);
+/* value where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTVal_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len, Vek64f level, Vek64fc value);
+/* value where x > level. */
+VEKS_API VekStatus veksThreshold_GTVal_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level, Vek16s value);
+/* value where x > level. */
+VEKS_API VekStatus veksThreshold_GTVal_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level, Vek32f value);
+/* value where x > level. */
+VEKS_API VekStatus veksThreshold_GTVal_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level, Vek64f value);
+/* value where |x| > level. */
+VEKS_API VekStatus veksThreshold_GTVal_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len, Vek16s level, Vek16sc value);
+/* value where |x| > level. */
+VEKS_API VekStatus veksThreshold_GTVal_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f level, Vek32fc value);
+/* value where |x| > level. */
+VEKS_API VekStatus veksThreshold_GTVal_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len, Vek64f level, Vek64fc value);
+/* valueLT where x < levelLT, valueGT where x > levelGT. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s levelLT, Vek16s valueLT, Vek16s levelGT, Vek16s valueGT);
+/* valueLT where x < levelLT, valueGT where x > levelGT. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_32s(const Vek32s* pSrc, Vek32s* pDst, int len, Vek32s levelLT, Vek32s valueLT, Vek32s levelGT, Vek32s valueGT);
+/* valueLT where x < levelLT, valueGT where x > levelGT. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f levelLT, Vek32f valueLT, Vek32f levelGT, Vek32f valueGT);
+/* valueLT where x < levelLT, valueGT where x > levelGT. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f levelLT, Vek64f valueLT, Vek64f levelGT, Vek64f valueGT);
+/* sign(x) * level where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbs_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level);
+/* sign(x) * level where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbs_32s(const Vek32s* pSrc, Vek32s* pDst, int len, Vek32s level);
+/* sign(x) * level where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbs_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level);
+/* sign(x) * level where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbs_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level);
+/* sign(x) * level where |x| > level. */
+VEKS_API VekStatus veksThreshold_GTAbs_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level);
+/* sign(x) * level where |x| > level. */
+VEKS_API VekStatus veksThreshold_GTAbs_32s(const Vek32s* pSrc, Vek32s* pDst, int len, Vek32s level);
+/* sign(x) * level where |x| > level. */
+VEKS_API VekStatus veksThreshold_GTAbs_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level);
+/* sign(x) * level where |x| > level. */
+VEKS_API VekStatus veksThreshold_GTAbs_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level);
+/* value where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s level, Vek16s value);
+/* value where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_32s(const Vek32s* pSrc, Vek32s* pDst, int len, Vek32s level, Vek32s value);
+/* value where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level, Vek32f value);
+/* value where |x| < level. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level, Vek64f value);
+/* 1 / (sign(x) * max(|x|, level)). */
+VEKS_API VekStatus veksThreshold_LTInv_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f level);
+/* 1 / (sign(x) * max(|x|, level)). */
+VEKS_API VekStatus veksThreshold_LTInv_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek64f level);
+/* 1 / x after raising |x| to level (phase kept). */
+VEKS_API VekStatus veksThreshold_LTInv_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f level);
+/* 1 / x after raising |x| to level (phase kept). */
+VEKS_API VekStatus veksThreshold_LTInv_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len, Vek64f level);
+
+/* ==== Thresholding in place ==== */
+/* In place: veksThreshold_16s. */
+VEKS_API VekStatus veksThreshold_16s_I(Vek16s* pSrcDst, int len, Vek16s level, VekRelation relOp);
+/* In place: veksThreshold_32f. */
+VEKS_API VekStatus veksThreshold_32f_I(Vek32f* pSrcDst, int len, Vek32f level, VekRelation relOp);
+/* In place: veksThreshold_64f. */
+VEKS_API VekStatus veksThreshold_64f_I(Vek64f* pSrcDst, int len, Vek64f level, VekRelation relOp);
+/* In place: veksThreshold_16sc. */
+VEKS_API VekStatus veksThreshold_16sc_I(Vek16sc* pSrcDst, int len, Vek16s level, VekRelation relOp);
+/* In place: veksThreshold_32fc. */
+VEKS_API VekStatus veksThreshold_32fc_I(Vek32fc* pSrcDst, int len, Vek32f level, VekRelation relOp);
+/* In place: veksThreshold_64fc. */
+VEKS_API VekStatus veksThreshold_64fc_I(Vek64fc* pSrcDst, int len, Vek64f level, VekRelation relOp);
+/* In place: veksThreshold_LT_16s. */
+VEKS_API VekStatus veksThreshold_LT_16s_I(Vek16s* pSrcDst, int len, Vek16s level);
+/* In place: veksThreshold_LT_32s. */
+VEKS_API VekStatus veksThreshold_LT_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
+/* In place: veksThreshold_LT_32f. */
+VEKS_API VekStatus veksThreshold_LT_32f_I(Vek32f* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_LT_64f. */
+VEKS_API VekStatus veksThreshold_LT_64f_I(Vek64f* pSrcDst, int len, Vek64f level);
+/* In place: veksThreshold_LT_16sc. */
+VEKS_API VekStatus veksThreshold_LT_16sc_I(Vek16sc* pSrcDst, int len, Vek16s level);
+/* In place: veksThreshold_LT_32fc. */
+VEKS_API VekStatus veksThreshold_LT_32fc_I(Vek32fc* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_LT_64fc. */
+VEKS_API VekStatus veksThreshold_LT_64fc_I(Vek64fc* pSrcDst, int len, Vek64f level);
+/* In place: veksThreshold_GT_16s. */
+VEKS_API VekStatus veksThreshold_GT_16s_I(Vek16s* pSrcDst, int len, Vek16s level);
+/* In place: veksThreshold_GT_32s. */
+VEKS_API VekStatus veksThreshold_GT_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
+/* In place: veksThreshold_GT_32f. */
+VEKS_API VekStatus veksThreshold_GT_32f_I(Vek32f* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_GT_64f. */
+VEKS_API VekStatus veksThreshold_GT_64f_I(Vek64f* pSrcDst, int len, Vek64f level);
+/* In place: veksThreshold_GT_16sc. */
+VEKS_API VekStatus veksThreshold_GT_16sc_I(Vek16sc* pSrcDst, int len, Vek16s level);
+/* In place: veksThreshold_GT_32fc. */
+VEKS_API VekStatus veksThreshold_GT_32fc_I(Vek32fc* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_GT_64fc. */
+VEKS_API VekStatus veksThreshold_GT_64fc_I(Vek64fc* pSrcDst, int len, Vek64f level);
+/* In place: veksThreshold_LTVal_16s. */
+VEKS_API VekStatus veksThreshold_LTVal_16s_I(Vek16s* pSrcDst, int len, Vek16s level, Vek16s value);
+/* In place: veksThreshold_LTVal_32f. */
+VEKS_API VekStatus veksThreshold_LTVal_32f_I(Vek32f* pSrcDst, int len, Vek32f level, Vek32f value);
+/* In place: veksThreshold_LTVal_64f. */
+VEKS_API VekStatus veksThreshold_LTVal_64f_I(Vek64f* pSrcDst, int len, Vek64f level, Vek64f value);
+/* In place: veksThreshold_LTVal_16sc. */
+VEKS_API VekStatus veksThreshold_LTVal_16sc_I(Vek16sc* pSrcDst, int len, Vek16s level, Vek16sc value);
+/* In place: veksThreshold_LTVal_32fc. */
+VEKS_API VekStatus veksThreshold_LTVal_32fc_I(Vek32fc* pSrcDst, int len, Vek32f level, Vek32fc value);
+/* In place: veksThreshold_LTVal_64fc. */
+VEKS_API VekStatus veksThreshold_LTVal_64fc_I(Vek64fc* pSrcDst, int len, Vek64f level, Vek64fc value);
+/* In place: veksThreshold_GTVal_16s. */
+VEKS_API VekStatus veksThreshold_GTVal_16s_I(Vek16s* pSrcDst, int len, Vek16s level, Vek16s value);
+/* In place: veksThreshold_GTVal_32f. */
+VEKS_API VekStatus veksThreshold_GTVal_32f_I(Vek32f* pSrcDst, int len, Vek32f level, Vek32f value);
+/* In place: veksThreshold_GTVal_64f. */
+VEKS_API VekStatus veksThreshold_GTVal_64f_I(Vek64f* pSrcDst, int len, Vek64f level, Vek64f value);
+/* In place: veksThreshold_GTVal_16sc. */
+VEKS_API VekStatus veksThreshold_GTVal_16sc_I(Vek16sc* pSrcDst, int len, Vek16s level, Vek16sc value);
+/* In place: veksThreshold_GTVal_32fc. */
+VEKS_API VekStatus veksThreshold_GTVal_32fc_I(Vek32fc* pSrcDst, int len, Vek32f level, Vek32fc value);
+/* In place: veksThreshold_GTVal_64fc. */
+VEKS_API VekStatus veksThreshold_GTVal_64fc_I(Vek64fc* pSrcDst, int len, Vek64f level, Vek64fc value);
+/* In place: veksThreshold_LTValGTVal_16s. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_16s_I(Vek16s* pSrcDst, int len, Vek16s levelLT, Vek16s valueLT, Vek16s levelGT, Vek16s valueGT);
+/* In place: veksThreshold_LTValGTVal_32s. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_32s_I(Vek32s* pSrcDst, int len, Vek32s levelLT, Vek32s valueLT, Vek32s levelGT, Vek32s valueGT);
+/* In place: veksThreshold_LTValGTVal_32f. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_32f_I(Vek32f* pSrcDst, int len, Vek32f levelLT, Vek32f valueLT, Vek32f levelGT, Vek32f valueGT);
+/* In place: veksThreshold_LTValGTVal_64f. */
+VEKS_API VekStatus veksThreshold_LTValGTVal_64f_I(Vek64f* pSrcDst, int len, Vek64f levelLT, Vek64f valueLT, Vek64f levelGT, Vek64f valueGT);
+/* In place: veksThreshold_LTAbs_16s. */
+VEKS_API VekStatus veksThreshold_LTAbs_16s_I(Vek16s* pSrcDst, int len, Vek16s level);
+/* In place: veksThreshold_LTAbs_32s. */
+VEKS_API VekStatus veksThreshold_LTAbs_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
+/* In place: veksThreshold_LTAbs_32f. */
+VEKS_API VekStatus veksThreshold_LTAbs_32f_I(Vek32f* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_LTAbs_64f. */
+VEKS_API VekStatus veksThreshold_LTAbs_64f_I(Vek64f* pSrcDst, int len, Vek64f level);
+/* In place: veksThreshold_GTAbs_16s. */
+VEKS_API VekStatus veksThreshold_GTAbs_16s_I(Vek16s* pSrcDst, int len, Vek16s level);
+/* In place: veksThreshold_GTAbs_32s. */
+VEKS_API VekStatus veksThreshold_GTAbs_32s_I(Vek32s* pSrcDst, int len, Vek32s level);
+/* In place: veksThreshold_GTAbs_32f. */
+VEKS_API VekStatus veksThreshold_GTAbs_32f_I(Vek32f* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_GTAbs_64f. */
+VEKS_API VekStatus veksThreshold_GTAbs_64f_I(Vek64f* pSrcDst, int len, Vek64f level);
+/* In place: veksThreshold_LTAbsVal_16s. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_16s_I(Vek16s* pSrcDst, int len, Vek16s level, Vek16s value);
+/* In place: veksThreshold_LTAbsVal_32s. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_32s_I(Vek32s* pSrcDst, int len, Vek32s level, Vek32s value);
+/* In place: veksThreshold_LTAbsVal_32f. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_32f_I(Vek32f* pSrcDst, int len, Vek32f level, Vek32f value);
+/* In place: veksThreshold_LTAbsVal_64f. */
+VEKS_API VekStatus veksThreshold_LTAbsVal_64f_I(Vek64f* pSrcDst, int len, Vek64f level, Vek64f value);
+/* In place: veksThreshold_LTInv_32f. */
+VEKS_API VekStatus veksThreshold_LTInv_32f_I(Vek32f* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_LTInv_64f. */
+VEKS_API VekStatus veksThreshold_LTInv_64f_I(Vek64f* pSrcDst, int len, Vek64f level);
+/* In place: veksThreshold_LTInv_32fc. */
+VEKS_API VekStatus veksThreshold_LTInv_32fc_I(Vek32fc* pSrcDst, int len, Vek32f level);
+/* In place: veksThreshold_LTInv_64fc. */
+VEKS_API VekStatus veksThreshold_LTInv_64fc_I(Vek64fc* pSrcDst, int len, Vek64f level);
 
 /* ---- END GENERATED EXPORTS ---- */
 /* clang-format on */
