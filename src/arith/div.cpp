@@ -77,13 +77,13 @@ VekStatus div_16sc_isfs(const Vek16sc* x, Vek16sc* srcdst, int len, int sf) {
 }
 VekStatus divc_16sc_sfs(const Vek16sc* s, Vek16sc val, Vek16sc* d, int len, int sf) {
   VEKS_TRY(check_ptrs_len(len, s, d));
-  if (div::is_zero(val)) return vekStatusZeroDivisor;
+  if (detail::is_value(val, 0)) return vekStatusZeroDivisor;
   run_complex(val, s, d, len, sf, kDiv16scThreshold);
   return vekStatusOk;
 }
 VekStatus divc_16sc_isfs(Vek16sc val, Vek16sc* srcdst, int len, int sf) {
   VEKS_TRY(check_ptrs_len(len, srcdst));
-  if (div::is_zero(val)) return vekStatusZeroDivisor;
+  if (detail::is_value(val, 0)) return vekStatusZeroDivisor;
   run_complex(val, static_cast<const Vek16sc*>(srcdst), srcdst, len, sf, kDiv16scThreshold);
   return vekStatusOk;
 }

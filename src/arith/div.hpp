@@ -188,17 +188,16 @@ bool with_mode(int mode, Body&& body) {
 // (0: always serial); warning 6 when any divisor was zero.
 template <int Threshold, class TD, class X, class Y>
 VekStatus run_int(X x, Y y, TD* d, int len, int mode, int sf) {
-  const int flagged =
-      run_split(len, Threshold > 0 ? Threshold : INT32_MAX, [&](int first, int count) {
-        return with_mode(mode,
-                         [&](auto m) {
-                           return int_divide<decltype(m)::value>(offset(x, first), offset(y, first),
-                                                                 d + first,
-                                                                 static_cast<size_t>(count), sf);
-                         })
-                   ? 1
-                   : 0;
-      });
+  const int flagged = run_split(len, Threshold, [&](int first, int count) {
+    return with_mode(mode,
+                     [&](auto m) {
+                       return int_divide<decltype(m)::value>(offset(x, first), offset(y, first),
+                                                             d + first, static_cast<size_t>(count),
+                                                             sf);
+                     })
+               ? 1
+               : 0;
+  });
   return flagged ? vekStatusWarnZeroDivisor : vekStatusOk;
 }
 
@@ -291,23 +290,13 @@ bool float_quotients(X x, Y y, T* d, size_t n) {
 
 template <int Threshold, class T, class X, class Y>
 VekStatus run_float(X x, Y y, T* d, int len) {
-  const int flagged =
-      run_split(len, Threshold > 0 ? Threshold : INT32_MAX, [&](int first, int count) {
-        return float_quotients(offset(x, first), offset(y, first), d + first,
-                               static_cast<size_t>(count))
-                   ? 1
-                   : 0;
-      });
+  const int flagged = run_split(len, Threshold, [&](int first, int count) {
+    return float_quotients(offset(x, first), offset(y, first), d + first,
+                           static_cast<size_t>(count))
+               ? 1
+               : 0;
+  });
   return flagged ? vekStatusWarnZeroDivisor : vekStatusOk;
-}
-
-template <class T>
-bool is_zero(const T& v) {
-  if constexpr (is_complex_v<T>) {
-    return v.re == 0 && v.im == 0;
-  } else {
-    return v == 0;
-  }
 }
 
 }  // namespace div
@@ -329,7 +318,7 @@ VekStatus div_float_i(const T* x, T* srcdst, int len) {
 template <class T>
 VekStatus divc_float(const T* s, T val, T* d, int len) {
   VEKS_TRY(check_ptrs_len(len, s, d));
-  if (div::is_zero(val)) return vekStatusZeroDivisor;
+  if (detail::is_value(val, 0)) return vekStatusZeroDivisor;
   if constexpr (is_complex_v<T>) {
     div::run_float<0>(val, s, d, len);
     return vekStatusOk;
@@ -340,7 +329,7 @@ VekStatus divc_float(const T* s, T val, T* d, int len) {
 template <class T>
 VekStatus divc_float_i(T val, T* srcdst, int len) {
   VEKS_TRY(check_ptrs_len(len, srcdst));
-  if (div::is_zero(val)) return vekStatusZeroDivisor;
+  if (detail::is_value(val, 0)) return vekStatusZeroDivisor;
   if constexpr (is_complex_v<T>) {
     div::run_float<0>(val, static_cast<const T*>(srcdst), srcdst, len);
     return vekStatusOk;

@@ -206,15 +206,4 @@ inline void blocks8(size_t first, size_t count, Body&& body) {
   if (i < end) body(i, static_cast<unsigned>(end - i));
 }
 
-// kernel(first, count) on the calling thread, or through the two-thread frame from `Threshold`
-// elements on (a Threshold of 0: never threaded). Returns the kernel's flag count.
-template <int Threshold, class Kernel>
-inline int split_or_serial(int len, Kernel&& kernel) {
-  if constexpr (Threshold > 0) {
-    return run_split(len, Threshold, kernel);
-  } else {
-    return kernel(0, len);
-  }
-}
-
 }  // namespace veks::lanes

@@ -12,6 +12,7 @@
 #include "arith/lanes.hpp"
 #include "arith/vmath.hpp"
 #include "frame/check.hpp"
+#include "frame/split.hpp"
 
 namespace veks {
 
@@ -80,14 +81,14 @@ template <class Op, int Threshold, class Src, class TD>
 void run(Src src, TD* d, int len, int sf) {
   using P = typename Src::part;
   if constexpr (std::is_same_v<Op, Magnitude> && std::is_same_v<P, Vek32f>) {
-    lanes::split_or_serial<Threshold>(len, [=](int first, int count) {
+    run_split(len, Threshold, [=](int first, int count) {
       magnitude_f32(src, d, static_cast<size_t>(first), static_cast<size_t>(count));
       return 0;
     });
     return;
   }
   const lanes::Finish<TD> fin(sf);
-  lanes::split_or_serial<Threshold>(len, [=](int first, int count) {
+  run_split(len, Threshold, [=](int first, int count) {
     lanes::blocks8(static_cast<size_t>(first), static_cast<size_t>(count),
                    [&](size_t i, unsigned r) {
                      __m512d re, im;

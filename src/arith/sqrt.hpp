@@ -11,6 +11,7 @@
 #include "arith/lanes.hpp"
 #include "arith/vmath.hpp"
 #include "frame/check.hpp"
+#include "frame/split.hpp"
 
 namespace veks {
 namespace sqrt_detail {
@@ -43,7 +44,7 @@ int real_kernel(const T* s, T* d, size_t n) {
 
 template <class T, int Threshold>
 VekStatus real(const T* s, T* d, int len) {
-  const int flagged = lanes::split_or_serial<Threshold>(len, [=](int first, int count) {
+  const int flagged = run_split(len, Threshold, [=](int first, int count) {
     return real_kernel(s + first, d + first, static_cast<size_t>(count));
   });
   return flagged ? vekStatusWarnNegSqrt : vekStatusOk;
@@ -55,7 +56,7 @@ VekStatus real(const T* s, T* d, int len) {
 template <class TS, class TD, int Threshold>
 VekStatus integer(const TS* s, TD* d, int len, int sf) {
   const lanes::Finish<TD> fin(sf);
-  const int flagged = lanes::split_or_serial<Threshold>(len, [=](int first, int count) {
+  const int flagged = run_split(len, Threshold, [=](int first, int count) {
     unsigned neg = 0;
     lanes::blocks8(static_cast<size_t>(first), static_cast<size_t>(count),
                    [&](size_t i, unsigned r) {
@@ -75,7 +76,7 @@ template <class C, int Threshold>
 VekStatus complex(const C* s, C* d, int len, int sf) {
   constexpr bool kScaled = std::is_same_v<C, Vek64fc>;
   const lanes::Finish<lanes::part_t<C>> fin(sf);
-  lanes::split_or_serial<Threshold>(len, [=](int first, int count) {
+  run_split(len, Threshold, [=](int first, int count) {
     lanes::blocks8(static_cast<size_t>(first), static_cast<size_t>(count),
                    [&](size_t i, unsigned r) {
                      __m512d a, b, wr, wi;

@@ -37,10 +37,11 @@ int omp_split(int len, Kernel&& kernel) {
   return flagged.load(std::memory_order_relaxed);
 }
 
-// The serial kernel below `threshold` elements, the threaded frame from it on.
+// The serial kernel below `threshold` elements, the threaded frame from it on; a threshold of 0
+// (or below) never threads.
 template <class Kernel>
 int run_split(int len, int threshold, Kernel&& kernel) {
-  return len >= threshold ? omp_split(len, kernel) : kernel(0, len);
+  return threshold > 0 && len >= threshold ? omp_split(len, kernel) : kernel(0, len);
 }
 
 }  // namespace veks
