@@ -34,7 +34,8 @@ int last_sf(int bound) { return bound == kNoScale ? 0 : 70; }
 template <class TA, class TB, class TD, class F, class FI, class Exact>
 void sweep_binary(const char* name, F fn, FI ifn, Exact exact, int bound) {
   SCOPED_TRACE(name);
-  const auto a = edge_and_random<TA>(kN, 1), b = edge_and_random<TB>(kN, 2);
+  const auto a = edge_and_random<TA>(kN, 1);
+  const auto b = edge_and_random<TB>(kN, 2);
   for (int sf = first_sf(bound); sf <= last_sf(bound); ++sf) {
     Guarded<TD> d(kN, 2 * sizeof(TD));
     ASSERT_EQ(fn(a.data(), b.data(), d.data(), int(kN), sf), vekStatusOk);
