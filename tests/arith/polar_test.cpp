@@ -1,21 +1,21 @@
 // Polar conversion: CartToPolar bit for bit equal to Magnitude and Phase; PolarToCart against
 // long-double cosl/sinl (which reduce huge arguments exactly) on moderate, large and huge phases,
-// split and interleaved forms equal, special values, argument checks.
+// split and interleaved forms equal, special values.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <vector>
 
-#include "arith/math_ref.hpp"
 #include "support/guarded.hpp"
+#include "support/refs.hpp"
 #include "veks.h"
 
 namespace {
 
-using roots_test::Rng;
-using roots_test::same_bits;
 using veks_test::Guarded;
-using LD = long double;
+using veks_test::LD;
+using veks_test::Rng;
+using veks_test::same_bits;
 
 template <class F>
 struct Polar;
@@ -189,18 +189,6 @@ TYPED_TEST(PolarTest, SpecialValues) {
   EXPECT_TRUE(same_bits(re[6], F(-0.0)) && same_bits(im[6], F(0)));
   EXPECT_LE(std::fabs(re[7]), 2 * P::bound);
   EXPECT_EQ(im[7], 2);
-}
-
-TEST(PolarChecks, PointersThenLengthAndNothingWritten) {
-  using roots_test::expect_checks;
-  expect_checks("CartToPolar_32f", veksCartToPolar_32f);
-  expect_checks("CartToPolar_64f", veksCartToPolar_64f);
-  expect_checks("CartToPolar_32fc", veksCartToPolar_32fc);
-  expect_checks("CartToPolar_64fc", veksCartToPolar_64fc);
-  expect_checks("PolarToCart_32f", veksPolarToCart_32f);
-  expect_checks("PolarToCart_64f", veksPolarToCart_64f);
-  expect_checks("PolarToCart_32f32fc", veksPolarToCart_32f32fc);
-  expect_checks("PolarToCart_64f64fc", veksPolarToCart_64f64fc);
 }
 
 }  // namespace

@@ -17,12 +17,8 @@ TEST(Core, MallocAlignsTo64BytesAndRefusesNonPositiveLengths) {
     std::memset(p, 0xA5, static_cast<size_t>(n));
     vekFree(p);
   }
-  EXPECT_EQ(vekMalloc(0), nullptr);
-  EXPECT_EQ(vekMalloc(-1), nullptr);
+  EXPECT_TRUE(vekMalloc(0) == nullptr && vekMalloc(-1) == nullptr);
   vekFree(nullptr);
-}
-
-TEST(Core, AlignPtrRoundsUpToPowersOfTwo) {
   alignas(64) char buf[256];
   EXPECT_EQ(vekAlignPtr(buf, 64), buf);
   EXPECT_EQ(vekAlignPtr(buf + 1, 64), buf + 64);
@@ -32,27 +28,23 @@ TEST(Core, AlignPtrRoundsUpToPowersOfTwo) {
 }
 
 TEST(Core, CacheSizeCanBeSetFailedAndRestored) {
-  int detected = 0;
+  int detected = 0, size = 0;
   ASSERT_EQ(vekGetMaxCacheSizeB(&detected), vekStatusOk);  // this machine reports its caches
   EXPECT_GT(detected, 64 * 1024);
   EXPECT_EQ(vekGetMaxCacheSizeB(nullptr), vekStatusNullPtr);
-
   EXPECT_EQ(vekSetMaxCacheSizeB(8 << 20), 0);
-  int size = 0;
   ASSERT_EQ(vekGetMaxCacheSizeB(&size), vekStatusOk);
   EXPECT_EQ(size, 8 << 20);
-
   vekSetMaxCacheSizeB(-1);
   size = 123;
   EXPECT_EQ(vekGetMaxCacheSizeB(&size), vekStatusNotSupported);
   EXPECT_EQ(size, 123);  // nothing written on failure
-
   EXPECT_EQ(vekSetMaxCacheSizeB(0), -1);
   ASSERT_EQ(vekGetMaxCacheSizeB(&size), vekStatusOk);
   EXPECT_EQ(size, detected);
 }
 
-TEST(Core, ThreadCountDefaultsToTheCoresAndCanBeSet) {
+TEST(Core, ThreadCountAndFeatures) {
   const int saved = ownGetNumThreads();
   EXPECT_GE(saved, 1);
   EXPECT_EQ(vekSetNumThreads(0), vekStatusBadSize);
@@ -63,16 +55,11 @@ TEST(Core, ThreadCountDefaultsToTheCoresAndCanBeSet) {
   EXPECT_EQ(n, 5);
   EXPECT_EQ(vekGetNumThreads(nullptr), vekStatusNullPtr);
   vekSetNumThreads(saved);
-}
-
-TEST(Core, FeaturesReflectTheTargetAndCanBeDisabled) {
-  const Vek64u target = VEK_FEATURE_AVX512F | VEK_FEATURE_AVX512CD | VEK_FEATURE_AVX512BW |
-                        VEK_FEATURE_AVX512DQ | VEK_FEATURE_AVX512VL;
-  EXPECT_TRUE(ownGetFeature(target));
+  EXPECT_TRUE(ownGetFeature(VEK_FEATURE_AVX512F | VEK_FEATURE_AVX512CD | VEK_FEATURE_AVX512BW |
+                            VEK_FEATURE_AVX512DQ | VEK_FEATURE_AVX512VL));
   const int f16c = ownGetFeature(0x4000);
   EXPECT_EQ(vekDisableFeatures(0x4000), 0u);
-  EXPECT_FALSE(ownGetFeature(0x4000));
-  EXPECT_FALSE(ownGetFeature(0x4000 | VEK_FEATURE_AVX512F));
+  EXPECT_FALSE(ownGetFeature(0x4000) || ownGetFeature(0x4000 | VEK_FEATURE_AVX512F));
   EXPECT_TRUE(ownGetFeature(VEK_FEATURE_AVX512F));
   EXPECT_EQ(vekDisableFeatures(0), 0x4000u);
   EXPECT_EQ(ownGetFeature(0x4000), f16c);
@@ -81,9 +68,8 @@ TEST(Core, FeaturesReflectTheTargetAndCanBeDisabled) {
 TEST(Core, StatusStringsNameEveryValue) {
   EXPECT_STREQ(vekGetStatusString(vekStatusOk), "vekStatusOk: no error");
   for (VekStatus s : {vekStatusNullPtr, vekStatusBadSize, vekStatusSpecMismatch,
-                      vekStatusBadAlgType, vekStatusSignalTooShort, vekStatusWarnNaN}) {
+                      vekStatusBadAlgType, vekStatusSignalTooShort, vekStatusWarnNaN})
     EXPECT_EQ(std::strncmp(vekGetStatusString(s), "vekStatus", 9), 0) << s;
-  }
   EXPECT_STREQ(vekGetStatusString(-1), "unknown error");
   EXPECT_STREQ(vekGetStatusString(1), "unknown warning");
 }

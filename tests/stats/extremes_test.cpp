@@ -3,11 +3,21 @@
 // orders, nearest entries, counting and zero crossings against plain loops.
 #include <bit>
 
-#include "stats/ref.hpp"
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "support/checks.hpp"
+#include "support/guarded.hpp"
+#include "support/refs.hpp"
 
 namespace {
 
-using namespace stats_test;
+using namespace veks_test;
 
 // The sequential reference: first index of the smallest (largest) key.
 template <class T, class Key>

@@ -3,22 +3,35 @@
 // aligned and misaligned sources, block boundaries and extreme vectors.
 #include <functional>
 
-#include "stats/ref.hpp"
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "support/checks.hpp"
+#include "support/guarded.hpp"
+#include "support/refs.hpp"
 
 namespace {
 
-using namespace stats_test;
+using namespace veks_test;
 using LD = long double;
 
 constexpr LD kEps32 = 0x1p-24L, kEps64 = 0x1p-53L;
 constexpr int kHints[] = {vekHintNone, vekHintFast, vekHintAccurate, 7};
 constexpr size_t kMisaligns[] = {0, 4, 8, 12, 28, 36, 60};
+constexpr int kScaleFactors[] = {0,   1,   2,   5,    15,   16,    17,    31,    32,   40,  62,
+                                 63,  64,  100, 1023, 1024, 2000,  -1,    -2,    -5,   -15, -16,
+                                 -17, -31, -32, -40,  -63,  -1023, -1024, -1025, -2000};
 
 // Error bound of a sum of n terms whose magnitudes add up to abs: the accurate path's double
 // partials, the fast path's single-precision blocks (at most 8,192 / 32 + a few additions per
 // lane), plus the final rounding to single precision.
 LD sum_tol(LD ref, LD abs, size_t n, bool fast) {
-  return ulp32(ref) + (fast ? 300 * kEps32 : static_cast<LD>(n + 8) * kEps64) * abs;
+  return ulp_of<float>(ref) + (fast ? 300 * kEps32 : static_cast<LD>(n + 8) * kEps64) * abs;
 }
 
 TEST(FloatSums, SumAndMeanOfRealAndComplexDataOnBothPathsAndEveryAlignment) {
@@ -174,7 +187,7 @@ template <class D>
   const i128 n = static_cast<i128>(v.size());
   const LD r =
       std::ldexp(std::sqrt(static_cast<LD>(n * q - s * s) / static_cast<LD>(n * (n - 1))), -sf);
-  const D lo = sat_round<D>(std::floor(r)), hi = sat_round<D>(std::ceil(r)), want = sat_round<D>(r);
+  const D lo = round_sat<D>(std::floor(r)), hi = round_sat<D>(std::ceil(r)), want = round_sat<D>(r);
   const bool tie = std::fabs(r - std::floor(r) - 0.5L) < 1e-6L;
   if (got == want || (tie && (got == lo || got == hi))) return ::testing::AssertionSuccess();
   return ::testing::AssertionFailure()
@@ -192,22 +205,6 @@ std::vector<std::vector<Vek16s>> vectors16() {
   for (size_t n : {65535, 65536, 65537, 200003})
     for (Vek16s c : {Vek16s{32767}, Vek16s{-32768}}) vs.emplace_back(n, c);
   return vs;
-}
-
-// round(num / den * 2^-sf), exactly, ties to even.
-i128 round_ratio(i128 num, i128 den, int sf) {
-  if (sf < 0) {
-    if (num == 0) return 0;
-    if (-sf > 60) return num > 0 ? i128{1} << 100 : -(i128{1} << 100);
-    num *= i128{1} << -sf;
-  } else if (sf > 0) {
-    if (sf > 60) return 0;
-    den *= i128{1} << sf;
-  }
-  i128 q = num / den, r = num % den;
-  if (r < 0) r += den, q -= 1;
-  if (2 * r > den || (2 * r == den && (q & 1))) ++q;
-  return q;
 }
 
 TEST(IntegerSums, SixteenBitSumsMeansAndDeviationsAreExactForEveryScaleFactor) {
@@ -232,15 +229,15 @@ TEST(IntegerSums, SixteenBitSumsMeansAndDeviationsAreExactForEveryScaleFactor) {
       ASSERT_EQ(veksSum_16sc32sc_Sfs(gc.data(), n, &c32, sf), 0);
       ASSERT_EQ(veksSum_16sc_Sfs(gc.data(), n, &c16, sf), 0);
       ASSERT_EQ(veksMean_16sc_Sfs(gc.data(), n, &cm, sf), 0);
-      EXPECT_EQ(s32, sat<Vek32s>(round_shift(s, sf))) << n << " sf " << sf;
-      EXPECT_EQ(s16, sat<Vek16s>(round_shift(s, sf))) << n << " sf " << sf;
-      EXPECT_EQ(m16, sat<Vek16s>(round_ratio(s, n, sf))) << n << " sf " << sf;
-      EXPECT_EQ(c32.re, sat<Vek32s>(round_shift(cre, sf)));
-      EXPECT_EQ(c32.im, sat<Vek32s>(round_shift(cim, sf)));
-      EXPECT_EQ(c16.re, sat<Vek16s>(round_shift(cre, sf)));
-      EXPECT_EQ(c16.im, sat<Vek16s>(round_shift(cim, sf)));
-      EXPECT_EQ(cm.re, sat<Vek16s>(round_ratio(cre, n, sf)));
-      EXPECT_EQ(cm.im, sat<Vek16s>(round_ratio(cim, n, sf)));
+      EXPECT_EQ(s32, scaled<Vek32s>(s, sf)) << n << " sf " << sf;
+      EXPECT_EQ(s16, scaled<Vek16s>(s, sf)) << n << " sf " << sf;
+      EXPECT_EQ(m16, ratio<Vek16s>(s, n, sf)) << n << " sf " << sf;
+      EXPECT_EQ(c32.re, scaled<Vek32s>(cre, sf));
+      EXPECT_EQ(c32.im, scaled<Vek32s>(cim, sf));
+      EXPECT_EQ(c16.re, scaled<Vek16s>(cre, sf));
+      EXPECT_EQ(c16.im, scaled<Vek16s>(cim, sf));
+      EXPECT_EQ(cm.re, ratio<Vek16s>(cre, n, sf));
+      EXPECT_EQ(cm.im, ratio<Vek16s>(cim, n, sf));
       if (n < 2) continue;
       Vek32s sd32, mm32, sd32b;
       ASSERT_EQ(veksStdDev_16s_Sfs(g.data(), n, &sd16, sf), 0);
@@ -251,7 +248,7 @@ TEST(IntegerSums, SixteenBitSumsMeansAndDeviationsAreExactForEveryScaleFactor) {
       EXPECT_TRUE(sd16_ok(sd32, v, sf));
       EXPECT_EQ(sd32, sd32b);
       EXPECT_EQ(mm16, m16);
-      EXPECT_EQ(mm32, sat<Vek32s>(round_ratio(s, n, sf)));
+      EXPECT_EQ(mm32, ratio<Vek32s>(s, n, sf));
     }
   }
   // 65,537 elements of 32767: the 16-bit sum saturates, the 32-bit one is exact.
@@ -281,9 +278,9 @@ TEST(IntegerSums, ThirtyTwoBitSumsAndMeans) {
       Vek32s r, m;
       ASSERT_EQ(veksSum_32s_Sfs(v.data(), n, &r, sf), 0);
       ASSERT_EQ(veksMean_32s_Sfs(v.data(), n, &m, sf), 0);
-      EXPECT_EQ(r, sat<Vek32s>(round_shift(s, sf))) << n << " sf " << sf;
+      EXPECT_EQ(r, scaled<Vek32s>(s, sf)) << n << " sf " << sf;
       if (n < 5000) {
-        EXPECT_EQ(m, sat<Vek32s>(round_ratio(s, n, sf))) << n << " sf " << sf;
+        EXPECT_EQ(m, ratio<Vek32s>(s, n, sf)) << n << " sf " << sf;
       }
     }
   }
@@ -336,9 +333,9 @@ TEST(Norms, FloatingPointNormsAndNormsOfDifferences) {
       // The difference is rounded once per element before it is used.
       const LD e32 = (diff ? 1 : 0) * kEps32, e64 = (diff ? 1 : 0) * kEps64;
       EXPECT_TRUE(near(i32, r.inf, e32 * r.inf)) << n << " diff " << diff;
-      EXPECT_TRUE(near(l132, r.l1, ulp32(r.l1) + (n / 64 + 8 + diff) * kEps32 * r.l1)) << n;
+      EXPECT_TRUE(near(l132, r.l1, ulp_of<float>(r.l1) + (n / 64 + 8 + diff) * kEps32 * r.l1)) << n;
       EXPECT_TRUE(near(l232, std::sqrt(r.l2),
-                       ulp32(r.l2) + (n / 64 + 8 + 2 * diff) * kEps32 * std::sqrt(r.l2)))
+                       ulp_of<float>(r.l2) + (n / 64 + 8 + 2 * diff) * kEps32 * std::sqrt(r.l2)))
           << n;
       EXPECT_TRUE(near(i64, d.inf, e64 * d.inf)) << n;
       EXPECT_TRUE(near(l164, d.l1, (n + 8) * kEps64 * d.l1)) << n;
@@ -416,7 +413,8 @@ TEST(Norms, SixteenBitNormsAreExact) {
       }
       EXPECT_EQ(fi, static_cast<float>(inf));
       EXPECT_EQ(f1, static_cast<float>(static_cast<int64_t>(l1)));
-      EXPECT_TRUE(near(f2, std::sqrt(static_cast<LD>(l2)), ulp32(std::sqrt(static_cast<LD>(l2)))));
+      EXPECT_TRUE(
+          near(f2, std::sqrt(static_cast<LD>(l2)), ulp_of<float>(std::sqrt(static_cast<LD>(l2)))));
       for (int sf : kScaleFactors) {
         Vek32s si, s1, s2;
         Vek64s w1, w2;
@@ -433,10 +431,10 @@ TEST(Norms, SixteenBitNormsAreExact) {
           veksNorm_L1_16s64s_Sfs(a.data(), n, &w1, sf);
           veksNorm_L2Sqr_16s64s_Sfs(a.data(), n, &w2, sf);
         }
-        EXPECT_EQ(si, sat<Vek32s>(round_shift(inf, sf))) << n << " sf " << sf;
-        EXPECT_EQ(s1, sat<Vek32s>(round_shift(l1, sf))) << n << " sf " << sf;
-        EXPECT_EQ(w1, sat<Vek64s>(round_shift(l1, sf))) << n << " sf " << sf;
-        EXPECT_EQ(w2, sat<Vek64s>(round_shift(l2, sf))) << n << " sf " << sf;
+        EXPECT_EQ(si, scaled<Vek32s>(inf, sf)) << n << " sf " << sf;
+        EXPECT_EQ(s1, scaled<Vek32s>(l1, sf)) << n << " sf " << sf;
+        EXPECT_EQ(w1, scaled<Vek64s>(l1, sf)) << n << " sf " << sf;
+        EXPECT_EQ(w2, scaled<Vek64s>(l2, sf)) << n << " sf " << sf;
         // The divisor is the 32-bit integer 1 << (|sf| mod 32): -2^31 for 31, 1 for 32.
         const int sh = static_cast<int>(std::llabs(sf) % 32);
         const LD f = sh == 31 ? -0x1p31L : std::ldexp(1.0L, sh);
@@ -498,7 +496,9 @@ TEST(DotProducts, FloatingPointMembersAgainstLongDouble) {
     EXPECT_TRUE(near(fc.re, cre, t32) && near(fc.im, cim, t32)) << n;
     EXPECT_TRUE(near(dc.re, cre, t64) && near(dc.im, cim, t64)) << n;
     EXPECT_TRUE(near(dc2.re, cre, t64) && near(dc2.im, cim, t64)) << n;
-    EXPECT_TRUE(near(xc.re, xre, ulp32(xre) + t64) && near(xc.im, xim, ulp32(xim) + t64)) << n;
+    EXPECT_TRUE(near(xc.re, xre, ulp_of<float>(xre) + t64) &&
+                near(xc.im, xim, ulp_of<float>(xim) + t64))
+        << n;
     EXPECT_TRUE(near(xd.re, xre, t64) && near(xd.im, xim, t64)) << n;
     EXPECT_TRUE(near(xd2.re, xre, t64) && near(xd2.im, xim, t64)) << n;
   }
@@ -537,63 +537,35 @@ TEST(DotProducts, IntegerMembersAreExactAndClampTheScaleFactorTo31) {
       ASSERT_EQ(veksDotProd_16s32s_Sfs(a.data(), b.data(), n, &r, sf), 0);
       ASSERT_EQ(veksDotProd_16s32s32s_Sfs(a.data(), w.data(), n, &rw, sf), 0);
       ASSERT_EQ(veksDotProd_32s_Sfs(w.data(), w.data(), n, &rww, sf), 0);
-      EXPECT_EQ(r, sat<Vek32s>(round_shift(v, c))) << n << " sf " << sf;
-      EXPECT_EQ(rw, sat<Vek32s>(round_shift(vw, c))) << n << " sf " << sf;
-      EXPECT_EQ(rww, sat<Vek32s>(round_shift(ww, c))) << n << " sf " << sf;
+      EXPECT_EQ(r, scaled<Vek32s>(v, c)) << n << " sf " << sf;
+      EXPECT_EQ(rw, scaled<Vek32s>(vw, c)) << n << " sf " << sf;
+      EXPECT_EQ(rww, scaled<Vek32s>(ww, c)) << n << " sf " << sf;
     }
   }
 }
 
 // ---- argument checks ---------------------------------------------------------------------------
 
-// Each call with a null pointer, a bad length or both returns the first failing check and writes
-// nothing; one representative of every argument pattern.
-TEST(ArgumentChecks, PointersFirstThenTheLengthAndNothingWritten) {
-  const std::vector<float> f(8, 1.0f);
-  const std::vector<Vek16s> s(8, 1);
-  Guarded<double> out(2);
-  auto* o32 = reinterpret_cast<Vek32f*>(out.data());
-  auto* o32s = reinterpret_cast<Vek32s*>(out.data());
-  auto* o16 = reinterpret_cast<Vek16s*>(out.data());
-  using Call = std::function<VekStatus(const float*, const Vek16s*, int, bool)>;
-  const std::pair<const char*, Call> calls[] = {
-      {"Sum_32f", [&](const float* p, const Vek16s*, int n,
-                      bool o) { return veksSum_32f(p, n, o ? o32 : nullptr, 1); }},
-      {"Mean_64f",
-       [&](const float* p, const Vek16s*, int n, bool o) {
-         return veksMean_64f(reinterpret_cast<const double*>(p), n, o ? out.data() : nullptr);
-       }},
-      {"Sum_16s_Sfs", [&](const float*, const Vek16s* p, int n,
-                          bool o) { return veksSum_16s_Sfs(p, n, o ? o16 : nullptr, 0); }},
-      {"StdDev_32f", [&](const float* p, const Vek16s*, int n,
-                         bool o) { return veksStdDev_32f(p, n, o ? o32 : nullptr, 0); }},
-      {"MeanStdDev_16s_Sfs",
-       [&](const float*, const Vek16s* p, int n, bool o) {
-         return veksMeanStdDev_16s_Sfs(p, n, o16, o ? o16 + 1 : nullptr, 0);
-       }},
-      {"Norm_L2_16s32s_Sfs",
-       [&](const float*, const Vek16s* p, int n, bool o) {
-         return veksNorm_L2_16s32s_Sfs(p, n, o ? o32s : nullptr, 0);
-       }},
-      {"NormDiff_L1_32f",
-       [&](const float* p, const Vek16s*, int n, bool o) {
-         return veksNormDiff_L1_32f(f.data(), p, n, o ? o32 : nullptr);
-       }},
-      {"DotProd_16s32s_Sfs",
-       [&](const float*, const Vek16s* p, int n, bool o) {
-         return veksDotProd_16s32s_Sfs(s.data(), p, n, o ? o32s : nullptr, 3);
-       }},
-  };
-  for (const auto& [name, call] : calls) {
-    EXPECT_EQ(call(nullptr, nullptr, 0, true), vekStatusNullPtr) << name;
-    EXPECT_EQ(call(f.data(), s.data(), 4, false), vekStatusNullPtr) << name;
-    EXPECT_EQ(call(f.data(), s.data(), 0, true), vekStatusBadSize) << name;
-    EXPECT_EQ(call(f.data(), s.data(), -5, true), vekStatusBadSize) << name;
-    EXPECT_TRUE(out.unchanged()) << name;
-  }
-  EXPECT_EQ(veksStdDev_16s32s_Sfs(s.data(), 1, o32s, 0), vekStatusBadSize);
-  EXPECT_EQ(veksMeanStdDev_32f(f.data(), 1, o32, o32 + 1, 1), vekStatusBadSize);
-  EXPECT_TRUE(out.unchanged());
+TEST(StatsChecks, PointersThenLengthAndNothingWritten) {
+  const int n = expect_family_checks(
+      {"veksSum", "veksMean", "veksStdDev", "veksNorm", "veksDotProd", "veksMin", "veksMax",
+       "veksFindNearest", "veksCountInRange", "veksZeroCrossing"},
+      [](const std::string& name) {
+        CheckSpec s;
+        if (name.find("MaxOrder") != std::string::npos) s.len_at = s.kSkip;  // length first
+        if (name.find("Every_") != std::string::npos) s.len_at = s.kLast;
+        if (name.find("ZeroCrossing") != std::string::npos) s.len_at = 1;
+        if (name.find("Indx_") != std::string::npos && name.find("MinMax") == std::string::npos)
+          s.optional = 1u << 3;  // the index pointer of Min/MaxIndx, Min/MaxAbsIndx
+        return s;
+      });
+  EXPECT_GE(n, 150);
+  const Vek16s s[2] = {1, 2};
+  Vek32s r = 7;
+  float m = 7, d = 7;
+  EXPECT_EQ(veksStdDev_16s32s_Sfs(s, 1, &r, 0), vekStatusBadSize);  // deviations need 2
+  EXPECT_EQ(veksMeanStdDev_32f(reinterpret_cast<const float*>(s), 1, &m, &d, 1), vekStatusBadSize);
+  EXPECT_TRUE(r == 7 && m == 7 && d == 7);
 }
 
 }  // namespace

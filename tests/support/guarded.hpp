@@ -6,6 +6,7 @@
 // end (no slack after the back guard), so AddressSanitizer also sees reads past it.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -58,5 +59,13 @@ class Guarded {
   unsigned char* data_ = nullptr;
   std::vector<unsigned char> snapshot_;
 };
+
+// A guarded copy of v starting `misalign` bytes past a 64-byte boundary.
+template <class T>
+Guarded<T> placed(const std::vector<T>& v, size_t misalign = 0) {
+  Guarded<T> g(v.size(), misalign);
+  std::copy(v.begin(), v.end(), g.data());
+  return g;
+}
 
 }  // namespace veks_test
