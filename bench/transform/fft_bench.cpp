@@ -2,7 +2,8 @@
 //
 // Kinds: complex to complex on interleaved Vek32fc and Vek64fc, and real to packed spectrum in
 // 32f and 64f (veks RToPerm, the library's native real layout, against FFTW's r2c), each out of
-// place and in place, for N = 2^4 .. 2^22 (--quick: up to 2^16, well under a minute). veks uses
+// place and in place, for N = 2^4 .. 2^22 (--quick: up to 2^16, fewer and shorter repetitions;
+// under a minute, most of it FFTW's planning, which VEKS_FFTW_WISDOM below saves). veks uses
 // VEK_FFT_NORM_NONE (no scaling pass, as FFTW does not scale). FFTW is planned once per size with
 // FFTW_MEASURE on the very buffers veks runs on (64-byte aligned); plans and specifications are
 // made before any timing. Before timing, each veks result is compared with FFTW's; a mismatch is
@@ -13,9 +14,10 @@
 // whenever further unscaled transforms could overflow (each multiplies the magnitude by about
 // sqrt(N)), and that refill is not timed. All repetitions of all benchmarks are shuffled so veks
 // and FFTW share the machine's noise, and each figure is the fastest batch seen over all
-// repetitions. Defaults (overridable): --benchmark_repetitions=8, --benchmark_min_time=0.01,
-// --benchmark_enable_random_interleaving=true. VEKS_FFTW_WISDOM=<path> keeps FFTW's plans in
-// <path>.32f / <path>.64f between runs, which saves most of the planning time.
+// repetitions. Defaults (overridable): --benchmark_repetitions=8 (--quick: 5),
+// --benchmark_min_time=0.01 (--quick: 0.004), --benchmark_enable_random_interleaving=true.
+// VEKS_FFTW_WISDOM=<path> keeps FFTW's plans in <path>.32f / <path>.64f between runs, which saves
+// most of the planning time.
 //
 // The table gives ns per transform, FFTW time / veks time (above 1: veks is faster) and MFLOPS
 // by FFTW's convention: 5 N log2 N / t for complex transforms, 2.5 N log2 N / t for real ones.
@@ -305,17 +307,16 @@ void print_table(const std::vector<std::unique_ptr<Case>>& cases) {
 
 int main(int argc, char** argv) {
   bool quick = false;
+  for (int i = 1; i < argc; ++i) quick |= std::strcmp(argv[i], "--quick") == 0;
   std::vector<char*> args{argv[0]};
-  static char reps[] = "--benchmark_repetitions=8";
-  static char min_time[] = "--benchmark_min_time=0.01";
+  static char reps[] = "--benchmark_repetitions=8", quick_reps[] = "--benchmark_repetitions=5";
+  static char min_time[] = "--benchmark_min_time=0.01",
+              quick_min_time[] = "--benchmark_min_time=0.004";
   static char interleave[] = "--benchmark_enable_random_interleaving=true";
-  args.insert(args.end(), {reps, min_time, interleave});
-  for (int i = 1; i < argc; ++i) {
-    if (std::strcmp(argv[i], "--quick") == 0)
-      quick = true;
-    else
-      args.push_back(argv[i]);
-  }
+  args.insert(args.end(),
+              {quick ? quick_reps : reps, quick ? quick_min_time : min_time, interleave});
+  for (int i = 1; i < argc; ++i)
+    if (std::strcmp(argv[i], "--quick") != 0) args.push_back(argv[i]);
   int nargs = static_cast<int>(args.size());
   args.push_back(nullptr);
   benchmark::Initialize(&nargs, args.data());
