@@ -69,6 +69,14 @@ enum { vekChooseAuto = 0, vekChooseDirect = 1, vekChooseFFT = 2 };
 #define VEK_FFT_NORM_SQRT_N 4 /* both divided by sqrt(N) */
 #define VEK_FFT_NORM_NONE 8   /* neither scaled */
 
+/* Specification blocks of the power-of-two Fourier transforms (opaque; caller memory). */
+typedef struct VeksFFTSpec_C_32fc VeksFFTSpec_C_32fc;
+typedef struct VeksFFTSpec_C_32f VeksFFTSpec_C_32f;
+typedef struct VeksFFTSpec_R_32f VeksFFTSpec_R_32f;
+typedef struct VeksFFTSpec_C_64fc VeksFFTSpec_C_64fc;
+typedef struct VeksFFTSpec_C_64f VeksFFTSpec_C_64f;
+typedef struct VeksFFTSpec_R_64f VeksFFTSpec_R_64f;
+
 /* Window shapes of FIR design. */
 typedef int VekWinType;
 enum { vekWinBartlett = 0, vekWinBlackman = 1, vekWinHamming = 2, vekWinHann = 3, vekWinRect = 4 };
@@ -1109,6 +1117,125 @@ VEKS_API VekStatus veksCountInRange_32s(const Vek32s* pSrc, int len, int* pCount
 VEKS_API VekStatus veksZeroCrossing_32f(const Vek32f* pSrc, Vek32u len, Vek32f* pValZC, VekCrossingMeasure tZC);
 /* Zero-crossing measure of the vector as a count. */
 VEKS_API VekStatus veksZeroCrossing_16s32f(const Vek16s* pSrc, Vek32u len, Vek32f* pValZC, VekCrossingMeasure tZC);
+
+/* ==== Fast Fourier transform: specifications ==== */
+/* A specification is caller memory sized by GetSize and filled by Init (any alignment: Init */
+/* rounds it up to 64 bytes and returns the aligned handle). Execution only reads it, so one */
+/* specification serves any number of threads, each with its own work buffer of the reported */
+/* size. Orders up to 6 (complex) and 4 (real) carry no tables. Middle orders run self-sorting */
+/* radix-8/4 passes that alternate between the destination and the work buffer (no separate */
+/* permutation pass); large orders run blocked column passes through the work buffer, in-cache */
+/* row transforms and a tiled bit-reversal permutation, all in place in the destination. */
+/* Sizes of the specification, of Init's buffer and of the work buffer (0: none). */
+VEKS_API VekStatus veksFFTGetSize_C_32fc(int order, int flag, VekAccuracyHint hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+/* Sizes of the specification, of Init's buffer and of the work buffer (0: none). */
+VEKS_API VekStatus veksFFTGetSize_C_32f(int order, int flag, VekAccuracyHint hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+/* Sizes of the specification, of Init's buffer and of the work buffer (0: none). */
+VEKS_API VekStatus veksFFTGetSize_R_32f(int order, int flag, VekAccuracyHint hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+/* Sizes of the specification, of Init's buffer and of the work buffer (0: none). */
+VEKS_API VekStatus veksFFTGetSize_C_64fc(int order, int flag, VekAccuracyHint hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+/* Sizes of the specification, of Init's buffer and of the work buffer (0: none). */
+VEKS_API VekStatus veksFFTGetSize_C_64f(int order, int flag, VekAccuracyHint hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+/* Sizes of the specification, of Init's buffer and of the work buffer (0: none). */
+VEKS_API VekStatus veksFFTGetSize_R_64f(int order, int flag, VekAccuracyHint hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+/* Builds the specification in pSpec and stores its 64-byte-aligned handle. */
+VEKS_API VekStatus veksFFTInit_C_32fc(VeksFFTSpec_C_32fc** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer);
+/* Builds the specification in pSpec and stores its 64-byte-aligned handle. */
+VEKS_API VekStatus veksFFTInit_C_32f(VeksFFTSpec_C_32f** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer);
+/* Builds the specification in pSpec and stores its 64-byte-aligned handle. */
+VEKS_API VekStatus veksFFTInit_R_32f(VeksFFTSpec_R_32f** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer);
+/* Builds the specification in pSpec and stores its 64-byte-aligned handle. */
+VEKS_API VekStatus veksFFTInit_C_64fc(VeksFFTSpec_C_64fc** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer);
+/* Builds the specification in pSpec and stores its 64-byte-aligned handle. */
+VEKS_API VekStatus veksFFTInit_C_64f(VeksFFTSpec_C_64f** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer);
+/* Builds the specification in pSpec and stores its 64-byte-aligned handle. */
+VEKS_API VekStatus veksFFTInit_R_64f(VeksFFTSpec_R_64f** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer);
+
+/* ==== Fast Fourier transform: execution ==== */
+/* Forward kernel exp(-2*pi*i*n*k/N), inverse exp(+2*pi*i*n*k/N), scaled as the flag of the */
+/* specification says. In place and out of place give bit-identical results. The real */
+/* transforms store the spectrum as Pack (R0 R1 I1 ... R(N/2)), Perm (R0 R(N/2) R1 I1 ...) or */
+/* CCS (R0 0 R1 I1 ... R(N/2) 0, N + 2 values). */
+/* Complex transform of interleaved data. */
+VEKS_API VekStatus veksFFTFwd_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst, const VeksFFTSpec_C_32fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of interleaved data. */
+VEKS_API VekStatus veksFFTInv_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst, const VeksFFTSpec_C_32fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of interleaved data. */
+VEKS_API VekStatus veksFFTFwd_CToC_64fc(const Vek64fc* pSrc, Vek64fc* pDst, const VeksFFTSpec_C_64fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of interleaved data. */
+VEKS_API VekStatus veksFFTInv_CToC_64fc(const Vek64fc* pSrc, Vek64fc* pDst, const VeksFFTSpec_C_64fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of interleaved data, in place. */
+VEKS_API VekStatus veksFFTFwd_CToC_32fc_I(Vek32fc* pSrcDst, const VeksFFTSpec_C_32fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of interleaved data, in place. */
+VEKS_API VekStatus veksFFTInv_CToC_32fc_I(Vek32fc* pSrcDst, const VeksFFTSpec_C_32fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of interleaved data, in place. */
+VEKS_API VekStatus veksFFTFwd_CToC_64fc_I(Vek64fc* pSrcDst, const VeksFFTSpec_C_64fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of interleaved data, in place. */
+VEKS_API VekStatus veksFFTInv_CToC_64fc_I(Vek64fc* pSrcDst, const VeksFFTSpec_C_64fc* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split real and imaginary arrays. */
+VEKS_API VekStatus veksFFTFwd_CToC_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDstRe, Vek32f* pDstIm, const VeksFFTSpec_C_32f* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split real and imaginary arrays. */
+VEKS_API VekStatus veksFFTInv_CToC_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDstRe, Vek32f* pDstIm, const VeksFFTSpec_C_32f* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split real and imaginary arrays. */
+VEKS_API VekStatus veksFFTFwd_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstRe, Vek64f* pDstIm, const VeksFFTSpec_C_64f* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split real and imaginary arrays. */
+VEKS_API VekStatus veksFFTInv_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstRe, Vek64f* pDstIm, const VeksFFTSpec_C_64f* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split arrays, in place. */
+VEKS_API VekStatus veksFFTFwd_CToC_32f_I(Vek32f* pSrcDstRe, Vek32f* pSrcDstIm, const VeksFFTSpec_C_32f* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split arrays, in place. */
+VEKS_API VekStatus veksFFTInv_CToC_32f_I(Vek32f* pSrcDstRe, Vek32f* pSrcDstIm, const VeksFFTSpec_C_32f* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split arrays, in place. */
+VEKS_API VekStatus veksFFTFwd_CToC_64f_I(Vek64f* pSrcDstRe, Vek64f* pSrcDstIm, const VeksFFTSpec_C_64f* pFFTSpec, Vek8u* pBuffer);
+/* Complex transform of split arrays, in place. */
+VEKS_API VekStatus veksFFTInv_CToC_64f_I(Vek64f* pSrcDstRe, Vek64f* pSrcDstIm, const VeksFFTSpec_C_64f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum. */
+VEKS_API VekStatus veksFFTFwd_RToPack_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum. */
+VEKS_API VekStatus veksFFTFwd_RToPerm_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum. */
+VEKS_API VekStatus veksFFTFwd_RToCCS_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum. */
+VEKS_API VekStatus veksFFTFwd_RToPack_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum. */
+VEKS_API VekStatus veksFFTFwd_RToPerm_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum. */
+VEKS_API VekStatus veksFFTFwd_RToCCS_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum, in place. */
+VEKS_API VekStatus veksFFTFwd_RToPack_32f_I(Vek32f* pSrcDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum, in place. */
+VEKS_API VekStatus veksFFTFwd_RToPerm_32f_I(Vek32f* pSrcDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum, in place. */
+VEKS_API VekStatus veksFFTFwd_RToCCS_32f_I(Vek32f* pSrcDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum, in place. */
+VEKS_API VekStatus veksFFTFwd_RToPack_64f_I(Vek64f* pSrcDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum, in place. */
+VEKS_API VekStatus veksFFTFwd_RToPerm_64f_I(Vek64f* pSrcDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Real signal to its packed spectrum, in place. */
+VEKS_API VekStatus veksFFTFwd_RToCCS_64f_I(Vek64f* pSrcDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal. */
+VEKS_API VekStatus veksFFTInv_PackToR_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal. */
+VEKS_API VekStatus veksFFTInv_PermToR_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal. */
+VEKS_API VekStatus veksFFTInv_CCSToR_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal. */
+VEKS_API VekStatus veksFFTInv_PackToR_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal. */
+VEKS_API VekStatus veksFFTInv_PermToR_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal. */
+VEKS_API VekStatus veksFFTInv_CCSToR_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal, in place. */
+VEKS_API VekStatus veksFFTInv_PackToR_32f_I(Vek32f* pSrcDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal, in place. */
+VEKS_API VekStatus veksFFTInv_PermToR_32f_I(Vek32f* pSrcDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal, in place. */
+VEKS_API VekStatus veksFFTInv_CCSToR_32f_I(Vek32f* pSrcDst, const VeksFFTSpec_R_32f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal, in place. */
+VEKS_API VekStatus veksFFTInv_PackToR_64f_I(Vek64f* pSrcDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal, in place. */
+VEKS_API VekStatus veksFFTInv_PermToR_64f_I(Vek64f* pSrcDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
+/* Packed spectrum back to the real signal, in place. */
+VEKS_API VekStatus veksFFTInv_CCSToR_64f_I(Vek64f* pSrcDst, const VeksFFTSpec_R_64f* pFFTSpec, Vek8u* pBuffer);
 
 /* ==== Allocation and version ==== */
 /* Allocates len elements aligned to 64 bytes; null if len < 1, above 2^31 - 1 bytes or out of memory. */

@@ -1,0 +1,592 @@
+// Power-of-two FFT: specification sizes and set-up, small-order kernels, execution of the complex
+// and real kinds, the real-spectrum recombination and the packed layouts.
+#include "transform/fft.hpp"
+
+#include <array>
+#include <cmath>
+#include <cstring>
+
+#include "frame/check.hpp"
+#include "transform/fft_fixed.hpp"
+#include "transform/fft_kernels.hpp"
+#include "transform/fft_spec.hpp"
+
+namespace veks::fft {
+namespace {
+
+template <class T>
+T* align64(T* p) {
+  const auto a = reinterpret_cast<uintptr_t>(p);
+  return reinterpret_cast<T*>((a + 63) & ~uintptr_t{63});
+}
+
+template <class R>
+constexpr const R* fixed_sine() {
+  if constexpr (sizeof(R) == 4) {
+    return fft_fix_twiddle_table_32f;
+  } else {
+    return fft_fix_twiddle_table_64f;
+  }
+}
+
+// ---- sizes ------------------------------------------------------------------------------------
+struct Sizes {
+  int64_t spec, init, work;
+};
+
+template <class R>
+constexpr int64_t base_table_bytes(int order) {  // N/4 + 1 sine values
+  return int64_t(((int64_t{1} << order) / 4 + 1) * int64_t(sizeof(R)));
+}
+template <class R>
+constexpr int64_t rec_table_bytes(int order) {
+  constexpr int64_t cs = 2 * sizeof(R);
+  if (order < Prec<R>::rec_two_level) return ru64(((int64_t{1} << order) / 4) * cs);
+  return 1024 * cs + cs * (int64_t{1} << (order - 12));
+}
+
+// Sizes of a complex pass of the given order (no header).
+template <class R>
+Sizes pass_sizes(int order, int base_order) {
+  constexpr int64_t cs = 2 * sizeof(R);
+  const int64_t n = int64_t{1} << order;
+  const int64_t base = base_order <= 10 ? 0 : ru64(base_table_bytes<R>(base_order)) + 64;
+  if (order <= Prec<R>::mid_max) return {ru64(cs * n + cs) + ru64(n + 4), base, ru64(cs * n) + 64};
+  const LargeSizes l = large_sizes<R>(order);
+  return {l.spec, l.init + base, l.work > 0 ? l.work + 64 : 0};
+}
+
+template <class Spec>
+Sizes sizes_of(int order) {
+  using K = Kind<Spec>;
+  using R = typename K::real_t;
+  if constexpr (!K::real) {
+    if (order <= 6) return {kSmallSpecBytes, 0, 0};
+    const Sizes s = pass_sizes<R>(order, order);
+    return {s.spec + 256, s.init, s.work};
+  } else {
+    if (order <= 4) return {kSmallSpecBytes, 0, 0};
+    const int64_t rec = 2 * rec_table_bytes<R>(order);
+    if (order <= 7) return {rec + 256, 0, 0};
+    const Sizes s = pass_sizes<R>(order - 1, order);
+    return {s.spec + rec + 256, s.init, s.work};
+  }
+}
+
+// ---- twiddle tables ---------------------------------------------------------------------------
+// sin(2 pi k / 2^order), k = 0 .. 2^(order-2), computed in long double from the nearer octant.
+template <class R>
+void build_sine(R* s, int order) {
+  const int64_t n = int64_t{1} << order, q = n / 4;
+  const long double step = 6.283185307179586476925286766559005768L / static_cast<long double>(n);
+  for (int64_t k = 0; k <= q; ++k) {
+    s[k] = static_cast<R>(2 * k <= q ? std::sin(step * static_cast<long double>(k))
+                                     : std::cos(step * static_cast<long double>(q - k)));
+  }
+}
+
+// Recombination factors W_N^k (forward) and W_N^-k (inverse), k < N/4; from order
+// rec_two_level on as 1024 low factors followed by the factors of k = 1024 i.
+template <class R>
+void build_rec(R* fwd, R* inv, const R* sine, int base, int order) {
+  const size_t n4 = (size_t{1} << order) / 4;
+  auto put = [&](size_t idx, size_t t) {
+    twiddle(sine, base, order, t, fwd + 2 * idx);
+    inv[2 * idx] = fwd[2 * idx];
+    inv[2 * idx + 1] = -fwd[2 * idx + 1];
+  };
+  if (order < Prec<R>::rec_two_level) {
+    for (size_t k = 0; k < n4; ++k) put(k, k);
+  } else {
+    for (size_t k = 0; k < 1024; ++k) put(k, k);
+    for (size_t i = 0; i < n4 / 1024; ++i) put(1024 + i, 1024 * i);
+  }
+}
+
+// ---- small kernels ----------------------------------------------------------------------------
+template <class R, int Order, bool Inv>
+struct SmallC {
+  static constexpr Plan plan = make_plan(Order, Prec<R>::logv);
+  static constexpr auto tw = [] {
+    std::array<R, 2 * plan_twiddles(plan) + 2> t{};
+    if (Order >= 2) fill_twiddles(plan, fixed_sine<R>(), 10, t.data());
+    return t;
+  }();
+  static void run(const R* src, R* dst, bool scaled, R scale) {
+    if constexpr (Order == 0) {
+      dst[0] = scaled ? src[0] * scale : src[0];
+      dst[1] = scaled ? src[1] * scale : src[1];
+    } else if constexpr (Order == 1) {
+      R y[4] = {src[0] + src[2], src[1] + src[3], src[0] - src[2], src[1] - src[3]};
+      for (int i = 0; i < 4; ++i) dst[i] = scaled ? y[i] * scale : y[i];
+    } else {
+      alignas(64) R scr[2 << Order];
+      run_plan<R, (1 << plan.w), Inv>(plan, Buf<R>{const_cast<R*>(src)}, Buf<R>{dst}, Buf<R>{scr},
+                                      tw.data(), scaled, scale);
+    }
+  }
+  static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }
+  static void scaled(const R* src, R* dst, R scale) { run(src, dst, true, scale); }
+};
+
+template <class R>
+using SmallFn = void (*)(const R*, R*);
+template <class R>
+using SmallScaleFn = void (*)(const R*, R*, R);
+
+template <class R, bool Inv, int... O>
+constexpr std::array<SmallFn<R>, 7> small_plain(std::integer_sequence<int, O...>) {
+  return {&SmallC<R, O, Inv>::plain...};
+}
+template <class R, bool Inv, int... O>
+constexpr std::array<SmallScaleFn<R>, 7> small_scaled(std::integer_sequence<int, O...>) {
+  return {&SmallC<R, O, Inv>::scaled...};
+}
+// Per-order kernels of the complex transforms up to order 6.
+template <class R>
+constexpr auto tbl_cFFTfwd_small = small_plain<R, false>(std::make_integer_sequence<int, 7>{});
+template <class R>
+constexpr auto tbl_cFFTfwd_small_scale =
+    small_scaled<R, false>(std::make_integer_sequence<int, 7>{});
+template <class R>
+constexpr auto tbl_cFFTinv_small = small_plain<R, true>(std::make_integer_sequence<int, 7>{});
+template <class R>
+constexpr auto tbl_cFFTinv_small_scale =
+    small_scaled<R, true>(std::make_integer_sequence<int, 7>{});
+
+template <class R, bool Inv>
+void small_complex(int order, const R* src, R* dst, bool scaled, R scale) {
+  if (scaled) {
+    (Inv ? tbl_cFFTinv_small_scale<R> : tbl_cFFTfwd_small_scale<R>)[size_t(order)](src, dst, scale);
+  } else {
+    (Inv ? tbl_cFFTinv_small<R> : tbl_cFFTfwd_small<R>)[size_t(order)](src, dst);
+  }
+}
+
+// ---- execution of one complex transform of the given order on interleaved buffers ------------
+template <class R, bool Inv>
+void complex_pass(const Header<R>* h, int order, Buf<R> src, Buf<R> dst, R* work, bool scaled,
+                  R scale) {
+  if (order <= 6) {
+    small_complex<R, Inv>(order, src.a, dst.a, scaled, scale);  // small data never is two-part
+  } else if (order <= Prec<R>::mid_max) {
+    Plan plan;
+    std::memcpy(&plan, h->plan, sizeof plan);
+    run_plan<R, (1 << Prec<R>::logv), Inv>(plan, src, dst, Buf<R>{work}, h->twiddle, scaled, scale);
+  } else {
+    large_run<R, Inv>(h, order, Inter<R>{src.a}, Inter<R>{dst.a}, work, scaled, scale);
+  }
+}
+
+// ---- checks -----------------------------------------------------------------------------------
+template <class Spec>
+const Header<typename Kind<Spec>::real_t>* header_of(const Spec* s) {
+  return reinterpret_cast<const Header<typename Kind<Spec>::real_t>*>(s);
+}
+
+// Null specification, identifier, data pointers, then the work buffer when one is needed.
+template <class Spec, class... P>
+VekStatus check_exec(const Spec* spec, Vek8u* buffer, const P*... p) {
+  if (!spec) return vekStatusNullPtr;
+  const auto* h = header_of(spec);
+  if (h->id != Kind<Spec>::id) return vekStatusSpecMismatch;
+  if (!(... && static_cast<bool>(p))) return vekStatusNullPtr;
+  if (h->work_size > 0 && !buffer) return vekStatusNullPtr;
+  return vekStatusOk;
+}
+
+template <class R>
+R* work_of(const Header<R>* h, Vek8u* buffer) {
+  return h->work_size > 0 && buffer ? reinterpret_cast<R*>(align64(buffer)) : nullptr;
+}
+
+// ---- real transforms --------------------------------------------------------------------------
+template <class R, int W>
+CV<R, W> conj(CV<R, W> v) {
+  CV<R, W> s;
+  for (int i = 0; i < 2 * W; ++i) s[i] = (i & 1) ? R(-1) : R(1);
+  return v * s;
+}
+
+// W factors W_N^k, k = k0 .. k0 + W - 1, from a one- or two-level table (blocks never straddle
+// a 1024 boundary).
+template <class R, int W>
+CV<R, W> rec_factors(const R* t, bool two_level, size_t k0) {
+  if (!two_level) return ld<R, W>(t + 2 * k0);
+  const CV<R, W> lo = ld<R, W>(t + 2 * (k0 & 1023));
+  const R* hi = t + 2 * (1024 + (k0 >> 10));
+  return cmul<false>(lo, splat<CV<R, W>>(hi[0]), splat<CV<R, W>>(hi[1]));
+}
+
+// Forward: the spectrum Z of z[n] = x[2n] + i x[2n+1] (M points) becomes X[0..M] in Perm order:
+// X[k] = E + W^k O, X[M-k] = conj(E - W^k O), E = (Z[k] + conj Z[M-k]) / 2,
+// O = -i (Z[k] - conj Z[M-k]) / 2. Inverse: Z[k] = E' + i O', Z[M-k] = conj(E' - i O'),
+// E' = X[k] + conj X[M-k], O' = (X[k] - conj X[M-k]) W^-k.
+template <class R, int W, bool Inv>
+void rec_block(R* d, size_t m, size_t k, const R* t, bool two_level) {
+  using V = CV<R, W>;
+  const V a = ld<R, W>(d + 2 * k);
+  const V b = conj<R, W>(rev(ld<R, W>(d + 2 * (m - k - W + 1))));
+  const V w = rec_factors<R, W>(t, two_level, k);
+  V e = a + b, dd = a - b;
+  if (!Inv) {
+    const V half = splat<V>(R(0.5));
+    e *= half;
+    dd *= half;
+  }
+  const V tt = cmul<false>(dd, w);
+  st<R, W>(d + 2 * k, addw<Inv>(e, tt));
+  st<R, W>(d + 2 * (m - k - W + 1), rev(conj<R, W>(subw<Inv>(e, tt))));
+}
+
+template <class R, bool Inv>
+void recombine(R* d, size_t n, const R* t, bool two_level) {
+  constexpr int V = 1 << Prec<R>::logv;
+  const size_t m = n / 2;
+  if (!Inv) {
+    const R zr = d[0], zi = d[1];
+    d[0] = zr + zi;
+    d[1] = zr - zi;
+  } else {
+    const R x0 = d[0], xm = d[1];
+    d[0] = x0 + xm;
+    d[1] = x0 - xm;
+  }
+  size_t k = 1;
+  for (; k < V && 2 * k + 2 <= m + 1 && k < m / 2; ++k) rec_block<R, 1, Inv>(d, m, k, t, two_level);
+  if (k == V) {
+    for (; 2 * k + 2 * V <= m + 1; k += V) rec_block<R, V, Inv>(d, m, k, t, two_level);
+  }
+  for (; k < m / 2; ++k) rec_block<R, 1, Inv>(d, m, k, t, two_level);
+  // k = M/2 pairs with itself: X = conj Z (forward), Z = 2 conj X (inverse).
+  R* c = d + 2 * (m / 2);
+  c[1] = -c[1];
+  if (Inv) {
+    c[0] *= R(2);
+    c[1] *= R(2);
+  }
+}
+
+// Perm (native) to the requested layout, in place (CCS needs N + 2 elements).
+template <class L, class R>
+void perm_to(R* d, size_t n) {
+  if constexpr (std::is_same_v<L, Pack>) {
+    const R nyq = d[1];
+    std::memmove(d + 1, d + 2, (n - 2) * sizeof(R));
+    d[n - 1] = nyq;
+  } else if constexpr (std::is_same_v<L, CCS>) {
+    d[n] = d[1];
+    d[n + 1] = R(0);
+    d[1] = R(0);
+  }
+}
+// The requested layout in src to Perm in dst (src may equal dst).
+template <class L, class R>
+void to_perm(const R* s, R* d, size_t n) {
+  if constexpr (std::is_same_v<L, Pack>) {
+    const R nyq = s[n - 1];
+    std::memmove(d + 2, s + 1, (n - 2) * sizeof(R));
+    d[0] = s[0];
+    d[1] = nyq;
+  } else {
+    const R nyq = std::is_same_v<L, CCS> ? s[n] : s[1];
+    if (d != s) std::memcpy(d + 2, s + 2, (n - 2) * sizeof(R));
+    d[0] = s[0];
+    d[1] = nyq;
+  }
+}
+
+// Real transforms of up to 16 points: a complex transform of the signal with zero imaginary
+// parts, written straight into the layout.
+template <class L, class R>
+void small_real_fwd(int order, const R* src, R* dst, bool scaled, R scale) {
+  const size_t n = size_t{1} << order;
+  alignas(64) R z[32], y[32];
+  for (size_t i = 0; i < n; ++i) {
+    z[2 * i] = src[i];
+    z[2 * i + 1] = R(0);
+  }
+  small_complex<R, false>(order, z, y, scaled, scale);
+  // Perm first, then the same in-place reordering as the larger orders.
+  alignas(64) R p[34];
+  p[0] = y[0];
+  if (n > 1) p[1] = y[n];  // R(N/2)
+  for (size_t k = 1; k < n / 2; ++k) {
+    p[2 * k] = y[2 * k];
+    p[2 * k + 1] = y[2 * k + 1];
+  }
+  if (n == 1) {
+    dst[0] = p[0];
+    if constexpr (std::is_same_v<L, CCS>) dst[1] = R(0);
+    return;
+  }
+  perm_to<L>(p, n);
+  std::memcpy(dst, p, (std::is_same_v<L, CCS> ? n + 2 : n) * sizeof(R));
+}
+
+template <class L, class R>
+void small_real_inv(int order, const R* src, R* dst, bool scaled, R scale) {
+  const size_t n = size_t{1} << order;
+  alignas(64) R p[34], z[32], y[32];
+  if (n == 1) {
+    dst[0] = scaled ? src[0] * scale : src[0];
+    return;
+  }
+  to_perm<L>(src, p, n);
+  z[0] = p[0];
+  z[1] = R(0);
+  z[n] = p[1];
+  z[n + 1] = R(0);
+  for (size_t k = 1; k < n / 2; ++k) {
+    z[2 * k] = z[2 * (n - k)] = p[2 * k];
+    z[2 * k + 1] = p[2 * k + 1];
+    z[2 * (n - k) + 1] = -p[2 * k + 1];
+  }
+  small_complex<R, true>(order, z, y, scaled, scale);
+  for (size_t i = 0; i < n; ++i) dst[i] = y[2 * i];
+}
+
+}  // namespace
+
+// ---- GetSize / Init ---------------------------------------------------------------------------
+template <class Spec>
+VekStatus get_size(int order, int flag, VekAccuracyHint, int* pSpecSize, int* pSpecBufferSize,
+                   int* pBufferSize) {
+  if (order < 0 || order > 30) return vekStatusBadFftOrder;
+  if (!pSpecSize || !pSpecBufferSize || !pBufferSize) return vekStatusNullPtr;
+  if (flag != VEK_FFT_NORM_NONE && flag != VEK_FFT_NORM_SQRT_N && flag != VEK_FFT_NORM_FWD_N &&
+      flag != VEK_FFT_NORM_INV_N) {
+    return vekStatusBadFftFlag;
+  }
+  if (order > Kind<Spec>::max_order) return vekStatusBadFftOrder;
+  const Sizes s = sizes_of<Spec>(order);
+  *pSpecSize = int(s.spec);
+  *pSpecBufferSize = int(s.init);
+  *pBufferSize = int(s.work);
+  return vekStatusOk;
+}
+
+namespace {
+// Init of the interleaved complex and the real kinds; `id` is the identifier the header gets.
+template <class Spec>
+VekStatus init_kind(int id, Header<typename Kind<Spec>::real_t>** out, int order, int flag,
+                    VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer) {
+  using K = Kind<Spec>;
+  using R = typename K::real_t;
+  if (order < 0 || order > K::max_order) return vekStatusBadFftOrder;
+  if (!pSpec) return vekStatusNullPtr;
+  uint8_t* base = align64(pSpec);
+  auto* h = reinterpret_cast<Header<R>*>(base);
+  std::memset(base, 0, kHeaderBytes);
+  h->order = order;
+  h->hint = hint;
+  const int64_t n = int64_t{1} << order;
+  switch (flag) {
+    case VEK_FFT_NORM_NONE: break;
+    case VEK_FFT_NORM_SQRT_N:
+      h->fwd_scaled = h->inv_scaled = 1;
+      h->scale = static_cast<R>(1.0 / std::sqrt(static_cast<double>(n)));
+      break;
+    case VEK_FFT_NORM_FWD_N:
+    case VEK_FFT_NORM_INV_N:
+      (flag == VEK_FFT_NORM_FWD_N ? h->fwd_scaled : h->inv_scaled) = 1;
+      h->scale = R(1) / static_cast<R>(n);
+      break;
+    default: return vekStatusBadFftFlag;
+  }
+  h->id = id;
+  if (order >= 11 && !pSpecBuffer) return vekStatusNullPtr;
+
+  const int pass = K::real ? order - 1 : order;
+  if ((K::real && order <= 4) || (!K::real && order <= 6)) {
+    *out = h;
+    return vekStatusOk;
+  }
+  // Base sine table: the constant one up to order 10, else built in the init buffer.
+  const R* sine = fixed_sine<R>();
+  int sine_order = 10;
+  if (order > 10) {
+    R* s = reinterpret_cast<R*>(align64(pSpecBuffer));
+    build_sine(s, order);
+    sine = s;
+    sine_order = order;
+  }
+  uint8_t* at = base + kHeaderBytes;
+  if (pass > 6) {
+    if (pass <= Prec<R>::mid_max) {
+      const Plan plan = make_plan(pass, Prec<R>::logv);
+      std::memcpy(at, &plan, sizeof plan);
+      h->plan = at;
+      at = align64(at + ru64((int64_t{1} << pass) + 4));
+      R* tw = reinterpret_cast<R*>(at);
+      fill_twiddles(plan, sine, sine_order, tw);
+      h->twiddle = tw;
+      at += ru64(int64_t(2 * sizeof(R)) * ((int64_t{1} << pass) + 1));
+      h->work_size = int32_t(ru64(int64_t(2 * sizeof(R)) << pass));
+    } else {
+      at = align64(at);
+      const LargeSizes l = large_sizes<R>(pass);
+      large_init<R>(h, at, sine, sine_order, pass);
+      at += l.spec;
+      h->work_size = int32_t(l.work);
+    }
+  }
+  if constexpr (K::real) {
+    at = align64(at);
+    R* fwd = reinterpret_cast<R*>(at);
+    R* inv = reinterpret_cast<R*>(at + rec_table_bytes<R>(order));
+    build_rec(fwd, inv, sine, sine_order, order);
+    h->rec_fwd = fwd;
+    h->rec_inv = inv;
+  }
+  *out = h;
+  return vekStatusOk;
+}
+
+template <class Spec>
+struct Interleaved {
+  using type = Spec;
+};
+template <>
+struct Interleaved<VeksFFTSpec_C_32f> {
+  using type = VeksFFTSpec_C_32fc;
+};
+template <>
+struct Interleaved<VeksFFTSpec_C_64f> {
+  using type = VeksFFTSpec_C_64fc;
+};
+}  // namespace
+
+template <class Spec>
+VekStatus init(Spec** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec,
+               Vek8u* pSpecBuffer) {
+  using Base = typename Interleaved<Spec>::type;
+  if (!ppFFTSpec) return vekStatusNullPtr;
+  Header<typename Kind<Spec>::real_t>* h = nullptr;
+  VEKS_TRY(init_kind<Base>(Kind<Base>::id, &h, order, flag, hint, pSpec, pSpecBuffer));
+  h->id = Kind<Spec>::id;  // the split kinds share the interleaved layout
+  *ppFFTSpec = reinterpret_cast<Spec*>(h);
+  return vekStatusOk;
+}
+
+// ---- execution --------------------------------------------------------------------------------
+template <class D, class C, class Spec>
+VekStatus ctoc(const C* pSrc, C* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
+  using R = typename Kind<Spec>::real_t;
+  VEKS_TRY(check_exec(pFFTSpec, pBuffer, pSrc, pDst));
+  const auto* h = header_of(pFFTSpec);
+  const bool scaled = D::inv ? h->inv_scaled : h->fwd_scaled;
+  complex_pass<R, D::inv>(h, h->order, Buf<R>{const_cast<R*>(reinterpret_cast<const R*>(pSrc))},
+                          Buf<R>{reinterpret_cast<R*>(pDst)}, work_of(h, pBuffer), scaled,
+                          h->scale);
+  return vekStatusOk;
+}
+
+template <class D, class R, class Spec>
+VekStatus ctoc_split(const R* pSrcRe, const R* pSrcIm, R* pDstRe, R* pDstIm, const Spec* pFFTSpec,
+                     Vek8u* pBuffer) {
+  VEKS_TRY(check_exec(pFFTSpec, pBuffer, pSrcRe, pSrcIm, pDstRe, pDstIm));
+  const auto* h = header_of(pFFTSpec);
+  const bool scaled = D::inv ? h->inv_scaled : h->fwd_scaled;
+  const int order = h->order;
+  const size_t n = size_t{1} << order;
+  if (order > Prec<R>::mid_max) {
+    large_run<R, D::inv>(h, order, Split<R>{const_cast<R*>(pSrcRe), const_cast<R*>(pSrcIm)},
+                         Split<R>{pDstRe, pDstIm}, work_of(h, pBuffer), scaled, h->scale);
+    return vekStatusOk;
+  }
+  // Interleave into the work buffer (a local one for the small orders), transform there in place
+  // with the destination arrays as the second buffer, and split the result out.
+  alignas(64) R local[2 << 6];
+  R* z = order <= 6 ? local : work_of(h, pBuffer);
+  for (size_t i = 0; i < n; ++i) {
+    z[2 * i] = pSrcRe[i];
+    z[2 * i + 1] = pSrcIm[i];
+  }
+  if (order <= 6) {
+    small_complex<R, D::inv>(order, z, z, scaled, h->scale);
+  } else {
+    Plan plan;
+    std::memcpy(&plan, h->plan, sizeof plan);
+    run_plan<R, (1 << Prec<R>::logv), D::inv>(
+        plan, Buf<R>{z}, Buf<R>{z}, Buf<R>{pDstRe, pDstIm, n / 2}, h->twiddle, scaled, h->scale);
+  }
+  for (size_t i = 0; i < n; ++i) {
+    pDstRe[i] = z[2 * i];
+    pDstIm[i] = z[2 * i + 1];
+  }
+  return vekStatusOk;
+}
+
+template <class L, class R, class Spec>
+VekStatus rfwd(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
+  VEKS_TRY(check_exec(pFFTSpec, pBuffer, pSrc, pDst));
+  const auto* h = header_of(pFFTSpec);
+  const int order = h->order;
+  const size_t n = size_t{1} << order;
+  const bool scaled = h->fwd_scaled;
+  if (order <= 4) {
+    small_real_fwd<L>(order, pSrc, pDst, scaled, h->scale);
+    return vekStatusOk;
+  }
+  complex_pass<R, false>(h, order - 1, Buf<R>{const_cast<R*>(pSrc)}, Buf<R>{pDst},
+                         work_of(h, pBuffer), scaled, h->scale);
+  recombine<R, false>(pDst, n, h->rec_fwd, order >= Prec<R>::rec_two_level);
+  perm_to<L>(pDst, n);
+  return vekStatusOk;
+}
+
+template <class L, class R, class Spec>
+VekStatus rinv(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
+  VEKS_TRY(check_exec(pFFTSpec, pBuffer, pSrc, pDst));
+  const auto* h = header_of(pFFTSpec);
+  const int order = h->order;
+  const size_t n = size_t{1} << order;
+  const bool scaled = h->inv_scaled;
+  if (order <= 4) {
+    small_real_inv<L>(order, pSrc, pDst, scaled, h->scale);
+    return vekStatusOk;
+  }
+  to_perm<L>(pSrc, pDst, n);
+  recombine<R, true>(pDst, n, h->rec_inv, order >= Prec<R>::rec_two_level);
+  complex_pass<R, true>(h, order - 1, Buf<R>{pDst}, Buf<R>{pDst}, work_of(h, pBuffer), scaled,
+                        h->scale);
+  return vekStatusOk;
+}
+
+// ---- instantiations ---------------------------------------------------------------------------
+#define VEKS_FFT_KIND(S)                                                       \
+  template VekStatus get_size<S>(int, int, VekAccuracyHint, int*, int*, int*); \
+  template VekStatus init<S>(S**, int, int, VekAccuracyHint, Vek8u*, Vek8u*);
+VEKS_FFT_KIND(VeksFFTSpec_C_32fc)
+VEKS_FFT_KIND(VeksFFTSpec_C_32f)
+VEKS_FFT_KIND(VeksFFTSpec_R_32f)
+VEKS_FFT_KIND(VeksFFTSpec_C_64fc)
+VEKS_FFT_KIND(VeksFFTSpec_C_64f)
+VEKS_FFT_KIND(VeksFFTSpec_R_64f)
+#undef VEKS_FFT_KIND
+
+#define VEKS_FFT_REAL(L, R, SR)                                \
+  template VekStatus rfwd<L>(const R*, R*, const SR*, Vek8u*); \
+  template VekStatus rinv<L>(const R*, R*, const SR*, Vek8u*);
+template VekStatus ctoc<Fwd>(const Vek32fc*, Vek32fc*, const VeksFFTSpec_C_32fc*, Vek8u*);
+template VekStatus ctoc<Inv>(const Vek32fc*, Vek32fc*, const VeksFFTSpec_C_32fc*, Vek8u*);
+template VekStatus ctoc<Fwd>(const Vek64fc*, Vek64fc*, const VeksFFTSpec_C_64fc*, Vek8u*);
+template VekStatus ctoc<Inv>(const Vek64fc*, Vek64fc*, const VeksFFTSpec_C_64fc*, Vek8u*);
+template VekStatus ctoc_split<Fwd>(const float*, const float*, float*, float*,
+                                   const VeksFFTSpec_C_32f*, Vek8u*);
+template VekStatus ctoc_split<Inv>(const float*, const float*, float*, float*,
+                                   const VeksFFTSpec_C_32f*, Vek8u*);
+template VekStatus ctoc_split<Fwd>(const double*, const double*, double*, double*,
+                                   const VeksFFTSpec_C_64f*, Vek8u*);
+template VekStatus ctoc_split<Inv>(const double*, const double*, double*, double*,
+                                   const VeksFFTSpec_C_64f*, Vek8u*);
+VEKS_FFT_REAL(Pack, float, VeksFFTSpec_R_32f)
+VEKS_FFT_REAL(Perm, float, VeksFFTSpec_R_32f)
+VEKS_FFT_REAL(CCS, float, VeksFFTSpec_R_32f)
+VEKS_FFT_REAL(Pack, double, VeksFFTSpec_R_64f)
+VEKS_FFT_REAL(Perm, double, VeksFFTSpec_R_64f)
+VEKS_FFT_REAL(CCS, double, VeksFFTSpec_R_64f)
+#undef VEKS_FFT_REAL
+
+}  // namespace veks::fft
