@@ -1152,8 +1152,8 @@ VEKS_API VekStatus veksFFTInit_C_64f(VeksFFTSpec_C_64f** ppFFTSpec, int order, i
 VEKS_API VekStatus veksFFTInit_R_64f(VeksFFTSpec_R_64f** ppFFTSpec, int order, int flag, VekAccuracyHint hint, Vek8u* pSpec, Vek8u* pSpecBuffer);
 
 /* ==== Fast Fourier transform: execution ==== */
-/* Forward kernel exp(-2*pi*i*n*k/N), inverse exp(+2*pi*i*n*k/N), scaled as the flag of the */
-/* specification says. In place and out of place give bit-identical results. The real */
+/* Forward kernel exp(-2*pi*i*n*k/N), inverse exp(+2*pi*i*n*k/N), scaled as the flag given to */
+/* Init says. In place and out of place give bit-identical results. The real */
 /* transforms store the spectrum as Pack (R0 R1 I1 ... R(N/2)), Perm (R0 R(N/2) R1 I1 ...) or */
 /* CCS (R0 0 R1 I1 ... R(N/2) 0, N + 2 values). */
 /* Complex transform of interleaved data. */
