@@ -665,18 +665,14 @@ VEKS_FFT_KIND(VeksFFTSpec_R_64f)
 #define VEKS_FFT_REAL(L, R, SR)                                \
   template VekStatus rfwd<L>(const R*, R*, const SR*, Vek8u*); \
   template VekStatus rinv<L>(const R*, R*, const SR*, Vek8u*);
-template VekStatus ctoc<Fwd>(const Vek32fc*, Vek32fc*, const VeksFFTSpec_C_32fc*, Vek8u*);
-template VekStatus ctoc<Inv>(const Vek32fc*, Vek32fc*, const VeksFFTSpec_C_32fc*, Vek8u*);
-template VekStatus ctoc<Fwd>(const Vek64fc*, Vek64fc*, const VeksFFTSpec_C_64fc*, Vek8u*);
-template VekStatus ctoc<Inv>(const Vek64fc*, Vek64fc*, const VeksFFTSpec_C_64fc*, Vek8u*);
-template VekStatus ctoc_split<Fwd>(const float*, const float*, float*, float*,
-                                   const VeksFFTSpec_C_32f*, Vek8u*);
-template VekStatus ctoc_split<Inv>(const float*, const float*, float*, float*,
-                                   const VeksFFTSpec_C_32f*, Vek8u*);
-template VekStatus ctoc_split<Fwd>(const double*, const double*, double*, double*,
-                                   const VeksFFTSpec_C_64f*, Vek8u*);
-template VekStatus ctoc_split<Inv>(const double*, const double*, double*, double*,
-                                   const VeksFFTSpec_C_64f*, Vek8u*);
+#define VEKS_FFT_COMPLEX(D, R, C, SC, SS)                      \
+  template VekStatus ctoc<D>(const C*, C*, const SC*, Vek8u*); \
+  template VekStatus ctoc_split<D>(const R*, const R*, R*, R*, const SS*, Vek8u*);
+VEKS_FFT_COMPLEX(Fwd, float, Vek32fc, VeksFFTSpec_C_32fc, VeksFFTSpec_C_32f)
+VEKS_FFT_COMPLEX(Inv, float, Vek32fc, VeksFFTSpec_C_32fc, VeksFFTSpec_C_32f)
+VEKS_FFT_COMPLEX(Fwd, double, Vek64fc, VeksFFTSpec_C_64fc, VeksFFTSpec_C_64f)
+VEKS_FFT_COMPLEX(Inv, double, Vek64fc, VeksFFTSpec_C_64fc, VeksFFTSpec_C_64f)
+#undef VEKS_FFT_COMPLEX
 VEKS_FFT_REAL(Pack, float, VeksFFTSpec_R_32f)
 VEKS_FFT_REAL(Perm, float, VeksFFTSpec_R_32f)
 VEKS_FFT_REAL(CCS, float, VeksFFTSpec_R_32f)

@@ -11,6 +11,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "frame/simd.hpp"
+
 namespace veks::fft {
 
 template <class R, int W>
@@ -40,18 +42,6 @@ inline V splat(decltype(V{}[0] + 0) x) {
 }
 
 namespace detail {
-template <class V, size_t... I>
-inline V swap(V v, std::index_sequence<I...>) {
-  return __builtin_shufflevector(v, v, (I ^ 1)...);
-}
-template <class V, size_t... I>
-inline V dre(V v, std::index_sequence<I...>) {
-  return __builtin_shufflevector(v, v, (I & ~size_t{1})...);
-}
-template <class V, size_t... I>
-inline V dim(V v, std::index_sequence<I...>) {
-  return __builtin_shufflevector(v, v, (I | 1)...);
-}
 // Complex lanes in reverse order.
 template <class V, size_t... I>
 inline V rev(V v, std::index_sequence<I...>) {
@@ -60,19 +50,18 @@ inline V rev(V v, std::index_sequence<I...>) {
 }
 }  // namespace detail
 
-// (im, re) of every complex lane.
+// (im, re), (re, re) and (im, im) of every complex lane: the frame's pair shuffles.
 template <class V>
 inline V swap(V v) {
-  return detail::swap(v, std::make_index_sequence<lanes<V>>{});
+  return simd::swap_pairs(v);
 }
-// (re, re) and (im, im) of every complex lane.
 template <class V>
 inline V dre(V v) {
-  return detail::dre(v, std::make_index_sequence<lanes<V>>{});
+  return simd::dup_re(v);
 }
 template <class V>
 inline V dim(V v) {
-  return detail::dim(v, std::make_index_sequence<lanes<V>>{});
+  return simd::dup_im(v);
 }
 template <class V>
 inline V rev(V v) {
