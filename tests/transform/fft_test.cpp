@@ -39,6 +39,11 @@ constexpr int kFlags[] = {VEK_FFT_NORM_FWD_N, VEK_FFT_NORM_INV_N, VEK_FFT_NORM_S
                           VEK_FFT_NORM_NONE};
 constexpr VekAccuracyHint kHint = 3;
 constexpr LD kC = 2;  // every relative RMS error stays below kC * eps * log2(N)
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSanitized = true;  // the largest orders only in the faster builds
+#else
+constexpr bool kSanitized = false;
+#endif
 template <class R>
 constexpr LD kEps = std::is_same_v<R, float> ? 0x1p-24L : 0x1p-53L;
 
@@ -110,6 +115,7 @@ struct Plan {
     work = Exact(size_t(std::max(work_size, 0)));
     EXPECT_EQ(K::init(&h, order, flag, kHint, spec.get(), init.get()), vekStatusOk)
         << "order " << order << ", flag " << flag;
+    if (init_size > 0) std::memset(init.get(), 0x77, size_t(init_size));  // free for reuse now
   }
   unsigned char* buf() const { return work.get(); }  // null when no work buffer is needed
   int spec_size = 0, init_size = 0, work_size = 0;
@@ -330,7 +336,8 @@ TYPED_TEST(FFT, MatchesTheReferenceAtLargeOrders) {
   using K = TypeParam;
   constexpr bool f32 = std::is_same_v<typename K::R, float>;
   std::vector<int> orders{f32 ? 19 : 18 + (K::shape == kReal)};
-  if (K::shape != kSplit) orders.insert(orders.end(), {20, f32 ? 22 : 21});
+  if (K::shape != kSplit) orders.push_back(20);
+  if (K::shape != kSplit && !kSanitized) orders.push_back(f32 ? 22 : 21);
   LD worst = 0;
   for (int order : orders) worst = std::max(worst, check_accuracy<K>(order, {1, 2}));
   std::printf("largest error: %.3Lf eps log2(N)\n", worst);
@@ -338,7 +345,7 @@ TYPED_TEST(FFT, MatchesTheReferenceAtLargeOrders) {
 
 // In place and out of place agree bit for bit at every order up to 20; the inverse of the forward
 // returns the input (times N unnormalised); the three packed layouts of one signal hold the same
-// numbers, and their inverses agree.
+// numbers, and their inverses agree; execution leaves the specification as Init built it.
 TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
   using K = TypeParam;
   using R = typename K::R;
@@ -347,6 +354,7 @@ TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
     const int flag = kFlags[order % 4];
     const size_t n = size_t{1} << order, mis = sizeof(R) * size_t(order % 3);
     Plan<K> p(order, flag);
+    const std::vector<unsigned char> spec(p.spec.get(), p.spec.get() + p.spec_size);
     const auto x = random_vec<R>(K::shape == kReal ? n : 2 * n, gen);
     const std::vector<LD> want(x.begin(), x.end());
     std::vector<R> y[3], z[3];
@@ -369,6 +377,7 @@ TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
       EXPECT_EQ(y[kCCS].back(), 0) << "order " << order;
       EXPECT_TRUE(same_bits(z[kPack], z[kPerm]) && same_bits(z[kCCS], z[kPerm])) << order;
     }
+    EXPECT_TRUE(std::equal(spec.begin(), spec.end(), p.spec.get())) << "specification written";
   }
 }
 
@@ -423,7 +432,7 @@ TYPED_TEST(FFT, GetSizeReportsTheTableSizesAndChecksInOrder) {
       const long long rec = K::shape == kReal && f32 ? 2 * (8192 + (8LL << (order - 12))) : 0;
       EXPECT_GE(got[0], rec + 256) << order;
       EXPECT_GE(got[1], r64(f32 ? n + 4 : 2 * n + 8) + 64) << order;
-      EXPECT_GE(got[2], 0) << order;
+      EXPECT_GT(got[2], 0) << order;
     }
   }
   // The order is checked against 0..30 first, the pointers, the flag, then the kind's limit.
@@ -604,14 +613,11 @@ TYPED_TEST(FFT, OneSpecificationServesTwoThreads) {
 }
 
 // The largest complex transform that fits comfortably: 2 GiB per vector at order 28 (order 24
-// under the sanitizer). The input is a tone at bin m plus a few impulses, whose spectrum is known
-// at any bin: sampled bins estimate the error over all of them (rounding the input to float adds
-// about eps / 2). In place must equal out of place, and the inverse must return the input.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int kHugeOrder = 24;
-#else
-constexpr int kHugeOrder = 28;
-#endif
+// under the sanitizer; 4.4 GB in all and about half a minute here). The input is a tone at bin m
+// plus a few impulses, whose spectrum is known at any bin: sampled bins estimate the error over all
+// of them (rounding the input to float adds about eps / 2). In place must equal out of place, and
+// the inverse must return the input.
+constexpr int kHugeOrder = kSanitized ? 24 : 28;
 TEST(FFTHuge, LargestComplexOrder) {
   using cd = std::complex<double>;
   const size_t n = size_t{1} << kHugeOrder, mask = n - 1, lo_n = 1 << 14, bytes = n * 8;
@@ -645,16 +651,15 @@ TEST(FFTHuge, LargestComplexOrder) {
   ASSERT_EQ(veksFFTFwd_CToC_32fc(x, y, p.h, p.buf()), vekStatusOk);
   each_input([&](size_t j, Vek32fc v) { changed += std::memcmp(&x[j], &v, sizeof v) != 0; });
   EXPECT_EQ(changed, 0u) << "wrote into the source";
-  LD err = 0;
-  std::vector<size_t> bins{m};
-  for (int i = 0; i < 4096; ++i) bins.push_back(gen() & mask);
-  for (size_t k : bins) {
+  LD err = 0, tone_err = 0;  // random bins stand for all but bin m, which counts once
+  for (int i = 0; i <= 4096; ++i) {
+    const size_t k = i ? gen() & mask : m;
     CL want = k == m ? LD(n) : 0;
     for (auto& [at, a] : imps) want += mul(CL(a.real(), a.imag()), cis(at * k, -1));
-    err += std::norm(CL(y[k].re, y[k].im) - want);
+    (i ? err : tone_err) += std::norm(CL(y[k].re, y[k].im) - want);
   }
   const LD unit = kEps<float> * kHugeOrder;
-  const LD fwd_err = std::sqrt(err / LD(bins.size()) / energy);
+  const LD fwd_err = std::sqrt((tone_err + err * LD(n) / 4096) / (LD(n) * energy));
   EXPECT_LE(fwd_err, kC * unit) << "forward";
   std::printf("forward error: %.3Lf eps log2(N)\n", fwd_err / unit);
   ASSERT_EQ(veksFFTFwd_CToC_32fc_I(x, p.h, p.buf()), vekStatusOk);
