@@ -2,6 +2,7 @@
 // and real kinds, the real-spectrum recombination and the packed layouts.
 #include "transform/fft.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -120,9 +121,7 @@ struct SmallC {
       R y[4] = {src[0] + src[2], src[1] + src[3], src[0] - src[2], src[1] - src[3]};
       for (int i = 0; i < 4; ++i) dst[i] = scaled ? y[i] * scale : y[i];
     } else {
-      alignas(64) R scr[2 << Order];
-      run_plan<R, (1 << plan.w), Inv>(plan, Buf<R>{const_cast<R*>(src)}, Buf<R>{dst}, Buf<R>{scr},
-                                      tw.data(), scaled, scale);
+      Straight<R, Order, Inv, Prec<R>::logv>::run(src, dst, tw.data(), scaled, scale);
     }
   }
   static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }
@@ -163,18 +162,35 @@ void small_complex(int order, const R* src, R* dst, bool scaled, R scale) {
   }
 }
 
+// Orders 7 .. straight_max with the specification's twiddles.
+template <class R, bool Inv, int... O>
+void straight_mid_of(int order, const R* src, R* dst, const R* tw, bool scaled, R scale,
+                     std::integer_sequence<int, O...>) {
+  ((order == O + 7 ? Straight<R, O + 7, Inv, Prec<R>::logv>::run(src, dst, tw, scaled, scale)
+                   : void()),
+   ...);
+}
+template <class R, bool Inv>
+void straight_mid(int order, const R* src, R* dst, const R* tw, bool scaled, R scale) {
+  straight_mid_of<R, Inv>(order, src, dst, tw, scaled, scale,
+                          std::make_integer_sequence<int, Prec<R>::straight_max - 6>{});
+}
+
 // ---- execution of one complex transform of the given order on interleaved buffers ------------
 template <class R, bool Inv>
-void complex_pass(const Header<R>* h, int order, Buf<R> src, Buf<R> dst, R* work, bool scaled,
+void complex_pass(const Header<R>* h, int order, const R* src, R* dst, R* work, bool scaled,
                   R scale) {
   if (order <= 6) {
-    small_complex<R, Inv>(order, src.a, dst.a, scaled, scale);  // small data never is two-part
+    small_complex<R, Inv>(order, src, dst, scaled, scale);
+  } else if (order <= Prec<R>::straight_max) {
+    straight_mid<R, Inv>(order, src, dst, h->twiddle, scaled, scale);
   } else if (order <= Prec<R>::mid_max) {
     Plan plan;
     std::memcpy(&plan, h->plan, sizeof plan);
-    run_plan<R, (1 << Prec<R>::logv), Inv>(plan, src, dst, Buf<R>{work}, h->twiddle, scaled, scale);
+    run_plan<R, (1 << Prec<R>::logv), Inv>(plan, Buf<R>{const_cast<R*>(src)}, Buf<R>{dst},
+                                           Buf<R>{work}, h->twiddle, scaled, scale);
   } else {
-    large_run<R, Inv>(h, order, Inter<R>{src.a}, Inter<R>{dst.a}, work, scaled, scale);
+    large_run<R, Inv>(h, order, Inter<R>{const_cast<R*>(src)}, Inter<R>{dst}, work, scaled, scale);
   }
 }
 
@@ -218,15 +234,50 @@ CV<R, W> rec_factors(const R* t, bool two_level, size_t k0) {
   return cmul<false>(lo, splat<CV<R, W>>(hi[0]), splat<CV<R, W>>(hi[1]));
 }
 
+// Lane l = element M-k-l: lane 0 from hi (element M-k), lanes l >= 1 from lo (M-k-W .. M-k-1).
+template <class V, size_t... I>
+V partner(V lo, V hi, std::index_sequence<I...>) {
+  constexpr size_t n = sizeof...(I);
+  return __builtin_shufflevector(lo, hi, (I / 2 == 0 ? n + (I & 1) : n - 2 * (I / 2) + (I & 1))...);
+}
+
 // Forward: the spectrum Z of z[n] = x[2n] + i x[2n+1] (M points) becomes X[0..M] in Perm order:
 // X[k] = E + W^k O, X[M-k] = conj(E - W^k O), E = (Z[k] + conj Z[M-k]) / 2,
 // O = -i (Z[k] - conj Z[M-k]) / 2. Inverse: Z[k] = E' + i O', Z[M-k] = conj(E' - i O'),
 // E' = X[k] + conj X[M-k], O' = (X[k] - conj X[M-k]) W^-k.
 template <class R, int W, bool Inv>
 void rec_block(R* d, size_t m, size_t k, const R* t, bool two_level) {
+  if constexpr (W == 1) {
+    R w[2] = {t[2 * k], t[2 * k + 1]};
+    if (two_level) {
+      const R* lo = t + 2 * (k & 1023);
+      const R* hi = t + 2 * (1024 + (k >> 10));
+      w[0] = std::fma(lo[0], hi[0], -lo[1] * hi[1]);
+      w[1] = std::fma(lo[0], hi[1], lo[1] * hi[0]);
+    }
+    R* pa = d + 2 * k;
+    R* pb = d + 2 * (m - k);
+    const R h = Inv ? R(1) : R(0.5);
+    const R er = h * (pa[0] + pb[0]), ei = h * (pa[1] - pb[1]);
+    const R dr = h * (pa[0] - pb[0]), di = h * (pa[1] + pb[1]);
+    // tt = dd * w; X[k] = e + q tt, X[M-k] = conj(e - q tt), q = -i (forward) or +i (inverse).
+    const R tr = std::fma(dr, w[0], -di * w[1]), ti = std::fma(dr, w[1], di * w[0]);
+    const R qr = Inv ? -ti : ti, qi = Inv ? tr : -tr;
+    pa[0] = er + qr;
+    pa[1] = ei + qi;
+    pb[0] = er - qr;
+    pb[1] = -(ei - qi);
+    return;
+  }
   using V = CV<R, W>;
   const V a = ld<R, W>(d + 2 * k);
-  const V b = conj<R, W>(rev(ld<R, W>(d + 2 * (m - k - W + 1))));
+  // Z[M-k-l], l < W, from the two aligned blocks around it: loads the size and place of the
+  // complex pass's stores, so they are forwarded from those stores.
+  V hi{};  // element M-k alone: the block after it may hold this loop's fresh stores
+  hi[0] = d[2 * (m - k)];
+  hi[1] = d[2 * (m - k) + 1];
+  const V b =
+      conj<R, W>(partner(ld<R, W>(d + 2 * (m - k - W)), hi, std::make_index_sequence<2 * W>{}));
   const V w = rec_factors<R, W>(t, two_level, k);
   V e = a + b, dd = a - b;
   if (!Inv) {
@@ -239,9 +290,10 @@ void rec_block(R* d, size_t m, size_t k, const R* t, bool two_level) {
   st<R, W>(d + 2 * (m - k - W + 1), rev(conj<R, W>(subw<Inv>(e, tt))));
 }
 
-template <class R, bool Inv>
-void recombine(R* d, size_t n, const R* t, bool two_level) {
-  constexpr int V = 1 << Prec<R>::logv;
+// V: the widest block, no wider than the complex pass's stores (so that every load is forwarded
+// from one store).
+template <class R, bool Inv, int V>
+void recombine_w(R* d, size_t n, const R* t, bool two_level) {
   const size_t m = n / 2;
   if (!Inv) {
     const R zr = d[0], zi = d[1];
@@ -252,18 +304,55 @@ void recombine(R* d, size_t n, const R* t, bool two_level) {
     d[0] = x0 + xm;
     d[1] = x0 - xm;
   }
+  // Pairs (k, M-k) for 1 <= k < M/2 in blocks aligned to their width (so no block straddles a
+  // 1024 boundary of a two-level table): widths 1, 2, 4, .. up to V, then V, then down again.
   size_t k = 1;
-  for (; k < V && 2 * k + 2 <= m + 1 && k < m / 2; ++k) rec_block<R, 1, Inv>(d, m, k, t, two_level);
+  auto step = [&]<int Wd>() {
+    if (2 * k + 2 * Wd <= m + 1) {
+      rec_block<R, Wd, Inv>(d, m, k, t, two_level);
+      k += Wd;
+      return true;
+    }
+    return false;
+  };
+  auto up = [&]<int Wd>(auto self) {
+    if constexpr (Wd < V) {
+      if (k == Wd && step.template operator()<Wd>()) self.template operator()<2 * Wd>(self);
+    }
+  };
+  up.template operator()<1>(up);
   if (k == V) {
-    for (; 2 * k + 2 * V <= m + 1; k += V) rec_block<R, V, Inv>(d, m, k, t, two_level);
+    while (step.template operator()<V>()) {
+    }
   }
-  for (; k < m / 2; ++k) rec_block<R, 1, Inv>(d, m, k, t, two_level);
+  auto down = [&]<int Wd>(auto self) {
+    if constexpr (Wd >= 1) {
+      while (step.template operator()<Wd>()) {
+      }
+      self.template operator()<Wd / 2>(self);
+    }
+  };
+  down.template operator()<V / 2>(down);
   // k = M/2 pairs with itself: X = conj Z (forward), Z = 2 conj X (inverse).
   R* c = d + 2 * (m / 2);
   c[1] = -c[1];
   if (Inv) {
     c[0] *= R(2);
     c[1] *= R(2);
+  }
+}
+
+template <class R, bool Inv>
+void recombine(R* d, size_t n, int order, const R* t) {
+  const bool two_level = order >= Prec<R>::rec_two_level;
+  const int pass = order - 1;
+  const int w = pass > 6 ? Prec<R>::logv : std::min(pass / 2, Prec<R>::logv);
+  switch (w) {
+    case 0: return recombine_w<R, Inv, 1>(d, n, t, two_level);
+    case 1: return recombine_w<R, Inv, 2>(d, n, t, two_level);
+    case 2: return recombine_w<R, Inv, 4>(d, n, t, two_level);
+    default:
+      if constexpr (Prec<R>::logv == 3) return recombine_w<R, Inv, 8>(d, n, t, two_level);
   }
 }
 
@@ -296,54 +385,62 @@ void to_perm(const R* s, R* d, size_t n) {
   }
 }
 
-// Real transforms of up to 16 points: a complex transform of the signal with zero imaginary
-// parts, written straight into the layout.
+// Recombination factors of the real transforms up to 16 points (no tables in their
+// specifications): W_N^k and W_N^-k, k < N/4, interleaved as in the specification's tables.
+template <class R, int Order>
+struct SmallRec {
+  static constexpr auto fwd = [] {
+    std::array<R, 2 * ((1 << Order) / 4) + 2> t{};
+    for (size_t k = 0; k < (size_t{1} << Order) / 4; ++k) {
+      twiddle(fixed_sine<R>(), 10, Order, k, t.data() + 2 * k);
+    }
+    return t;
+  }();
+  static constexpr auto inv = [] {
+    auto t = fwd;
+    for (size_t i = 1; i < t.size(); i += 2) t[i] = -t[i];
+    return t;
+  }();
+};
+template <class R, bool Inv>
+const R* small_rec(int order) {
+  switch (order) {
+    case 2: return (Inv ? SmallRec<R, 2>::inv : SmallRec<R, 2>::fwd).data();
+    case 3: return (Inv ? SmallRec<R, 3>::inv : SmallRec<R, 3>::fwd).data();
+    default: return (Inv ? SmallRec<R, 4>::inv : SmallRec<R, 4>::fwd).data();
+  }
+}
+
+// One or two points: the spectrum is the sum (and the difference).
 template <class L, class R>
-void small_real_fwd(int order, const R* src, R* dst, bool scaled, R scale) {
-  const size_t n = size_t{1} << order;
-  alignas(64) R z[32], y[32];
-  for (size_t i = 0; i < n; ++i) {
-    z[2 * i] = src[i];
-    z[2 * i + 1] = R(0);
-  }
-  small_complex<R, false>(order, z, y, scaled, scale);
-  // Perm first, then the same in-place reordering as the larger orders.
-  alignas(64) R p[34];
-  p[0] = y[0];
-  if (n > 1) p[1] = y[n];  // R(N/2)
-  for (size_t k = 1; k < n / 2; ++k) {
-    p[2 * k] = y[2 * k];
-    p[2 * k + 1] = y[2 * k + 1];
-  }
-  if (n == 1) {
-    dst[0] = p[0];
+void tiny_real_fwd(int order, const R* src, R* dst, bool scaled, R scale) {
+  const R f = scaled ? scale : R(1);
+  if (order == 0) {
+    const R x = scaled ? src[0] * scale : src[0];
+    dst[0] = x;
     if constexpr (std::is_same_v<L, CCS>) dst[1] = R(0);
     return;
   }
-  perm_to<L>(p, n);
-  std::memcpy(dst, p, (std::is_same_v<L, CCS> ? n + 2 : n) * sizeof(R));
+  const R a = src[0], b = src[1];
+  const R x0 = scaled ? (a + b) * f : a + b, x1 = scaled ? (a - b) * f : a - b;
+  dst[0] = x0;
+  if constexpr (std::is_same_v<L, CCS>) {
+    dst[1] = R(0);
+    dst[2] = x1;
+    dst[3] = R(0);
+  } else {
+    dst[1] = x1;
+  }
 }
-
 template <class L, class R>
-void small_real_inv(int order, const R* src, R* dst, bool scaled, R scale) {
-  const size_t n = size_t{1} << order;
-  alignas(64) R p[34], z[32], y[32];
-  if (n == 1) {
+void tiny_real_inv(int order, const R* src, R* dst, bool scaled, R scale) {
+  if (order == 0) {
     dst[0] = scaled ? src[0] * scale : src[0];
     return;
   }
-  to_perm<L>(src, p, n);
-  z[0] = p[0];
-  z[1] = R(0);
-  z[n] = p[1];
-  z[n + 1] = R(0);
-  for (size_t k = 1; k < n / 2; ++k) {
-    z[2 * k] = z[2 * (n - k)] = p[2 * k];
-    z[2 * k + 1] = p[2 * k + 1];
-    z[2 * (n - k) + 1] = -p[2 * k + 1];
-  }
-  small_complex<R, true>(order, z, y, scaled, scale);
-  for (size_t i = 0; i < n; ++i) dst[i] = y[2 * i];
+  const R a = src[0], b = std::is_same_v<L, CCS> ? src[2] : src[1];
+  dst[0] = scaled ? (a + b) * scale : a + b;
+  dst[1] = scaled ? (a - b) * scale : a - b;
 }
 
 }  // namespace
@@ -476,9 +573,8 @@ VekStatus ctoc(const C* pSrc, C* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
   VEKS_TRY(check_exec(pFFTSpec, pBuffer, pSrc, pDst));
   const auto* h = header_of(pFFTSpec);
   const bool scaled = D::inv ? h->inv_scaled : h->fwd_scaled;
-  complex_pass<R, D::inv>(h, h->order, Buf<R>{const_cast<R*>(reinterpret_cast<const R*>(pSrc))},
-                          Buf<R>{reinterpret_cast<R*>(pDst)}, work_of(h, pBuffer), scaled,
-                          h->scale);
+  complex_pass<R, D::inv>(h, h->order, reinterpret_cast<const R*>(pSrc), reinterpret_cast<R*>(pDst),
+                          work_of(h, pBuffer), scaled, h->scale);
   return vekStatusOk;
 }
 
@@ -505,6 +601,8 @@ VekStatus ctoc_split(const R* pSrcRe, const R* pSrcIm, R* pDstRe, R* pDstIm, con
   }
   if (order <= 6) {
     small_complex<R, D::inv>(order, z, z, scaled, h->scale);
+  } else if (order <= Prec<R>::straight_max) {
+    straight_mid<R, D::inv>(order, z, z, h->twiddle, scaled, h->scale);
   } else {
     Plan plan;
     std::memcpy(&plan, h->plan, sizeof plan);
@@ -525,13 +623,12 @@ VekStatus rfwd(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
   const int order = h->order;
   const size_t n = size_t{1} << order;
   const bool scaled = h->fwd_scaled;
-  if (order <= 4) {
-    small_real_fwd<L>(order, pSrc, pDst, scaled, h->scale);
+  if (order <= 1) {
+    tiny_real_fwd<L>(order, pSrc, pDst, scaled, h->scale);
     return vekStatusOk;
   }
-  complex_pass<R, false>(h, order - 1, Buf<R>{const_cast<R*>(pSrc)}, Buf<R>{pDst},
-                         work_of(h, pBuffer), scaled, h->scale);
-  recombine<R, false>(pDst, n, h->rec_fwd, order >= Prec<R>::rec_two_level);
+  complex_pass<R, false>(h, order - 1, pSrc, pDst, work_of(h, pBuffer), scaled, h->scale);
+  recombine<R, false>(pDst, n, order, order <= 4 ? small_rec<R, false>(order) : h->rec_fwd);
   perm_to<L>(pDst, n);
   return vekStatusOk;
 }
@@ -543,14 +640,13 @@ VekStatus rinv(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
   const int order = h->order;
   const size_t n = size_t{1} << order;
   const bool scaled = h->inv_scaled;
-  if (order <= 4) {
-    small_real_inv<L>(order, pSrc, pDst, scaled, h->scale);
+  if (order <= 1) {
+    tiny_real_inv<L>(order, pSrc, pDst, scaled, h->scale);
     return vekStatusOk;
   }
   to_perm<L>(pSrc, pDst, n);
-  recombine<R, true>(pDst, n, h->rec_inv, order >= Prec<R>::rec_two_level);
-  complex_pass<R, true>(h, order - 1, Buf<R>{pDst}, Buf<R>{pDst}, work_of(h, pBuffer), scaled,
-                        h->scale);
+  recombine<R, true>(pDst, n, order, order <= 4 ? small_rec<R, true>(order) : h->rec_inv);
+  complex_pass<R, true>(h, order - 1, pDst, pDst, work_of(h, pBuffer), scaled, h->scale);
   return vekStatusOk;
 }
 

@@ -267,4 +267,81 @@ void run_plan(const Plan& p, Buf<R> src, Buf<R> dst, Buf<R> scr, const R* tw, bo
   }
 }
 
+// ---- straight-line kernels for up to 64 points ------------------------------------------------
+// The same passes with the whole transform held in registers: every index is a compile-time
+// constant, so the passes reduce to butterflies on named registers and the transposes.
+template <class R, int Order, bool Inv, int Logv>
+struct Straight {
+  static constexpr Plan p = make_plan(Order, Logv);
+  static constexpr int W = 1 << p.w, N = 1 << Order, NV = N / W;
+  using V = CV<R, W>;
+
+  // Vertical pass I: in x (s = stride in complex values), out y.
+  template <int I, int S>
+  static inline void vertical(const V* x, V* y, const R* tw) {
+    constexpr int rad = p.rad[I];
+    constexpr int m = N / (S * rad);
+#pragma GCC unroll 64
+    for (int q = 0; q < m; ++q) {
+#pragma GCC unroll 64
+      for (int c = 0; c < S; c += W) {
+        V a[rad];
+#pragma GCC unroll 8
+        for (int k = 0; k < rad; ++k) a[k] = x[(c + S * (q + k * m)) / W];
+        dft<rad, Inv>(a);
+        y[(c + S * rad * q) / W] = a[0];
+#pragma GCC unroll 8
+        for (int j = 1; j < rad; ++j) {
+          const R* t = tw + 2 * ((rad - 1) * q + j - 1);
+          y[(c + S * (rad * q + j)) / W] = cmul<Inv>(a[j], splat<V>(t[0]), splat<V>(t[1]));
+        }
+      }
+    }
+  }
+  template <int I, int S>
+  static inline void rest(V* x, V* y, const R* tw, bool scaled, R scale) {
+    constexpr int rad = p.rad[I];
+    if constexpr (I + 1 < p.nv) {
+      vertical<I, S>(x, y, tw);
+      rest<I + 1, S * rad>(y, x, tw + 2 * (rad - 1) * (N / (S * rad)), scaled, scale);
+    } else {
+      constexpr int s = N / rad;
+#pragma GCC unroll 64
+      for (int c = 0; c < s; c += W) {
+        V a[rad];
+#pragma GCC unroll 8
+        for (int k = 0; k < rad; ++k) a[k] = x[(c + s * k) / W];
+        dft<rad, Inv>(a);
+#pragma GCC unroll 8
+        for (int j = 0; j < rad; ++j) y[(c + s * j) / W] = scaled ? a[j] * splat<V>(scale) : a[j];
+      }
+    }
+  }
+  // Result in out[] (x or y depending on the pass count's parity, chosen at compile time).
+  static inline void run(const R* src, R* dst, const R* tw, bool scaled, R scale) {
+    V x[NV], y[NV];
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) x[i] = ld<R, W>(src + 2 * W * i);
+    constexpr int m = N / W;
+#pragma GCC unroll 64
+    for (int b = 0; b < m / W; ++b) {
+      V a[W];
+#pragma GCC unroll 8
+      for (int k = 0; k < W; ++k) a[k] = x[b + k * (m / W)];
+      dft<W, Inv>(a);
+#pragma GCC unroll 8
+      for (int j = 1; j < W; ++j)
+        a[j] = cmul<Inv>(a[j], ld<R, W>(tw + 2 * W * ((W - 1) * b + j - 1)));
+      transpose<W>(a);
+#pragma GCC unroll 8
+      for (int k = 0; k < W; ++k) y[W * b + k] = a[k];
+    }
+    rest<0, W>(y, x, tw + 2 * (W - 1) * m, scaled, scale);
+    // rest() ends in x after an odd number of vertical passes' ping-pong (counting the last).
+    const V* out = (p.nv % 2 == 1) ? x : y;
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) st<R, W>(dst + 2 * W * i, out[i]);
+  }
+};
+
 }  // namespace veks::fft

@@ -19,7 +19,7 @@ struct Geometry {
 template <class R>
 Geometry geometry(int order) {
   const int lr = std::min(16, (order + 1) / 2 + 2);
-  return {order, lr, order - lr, (order + 1) / 2, sizeof(R) == 4 ? size_t{16} : size_t{8}};
+  return {order, lr, order - lr, (order + 1) / 2, sizeof(R) == 4 ? size_t{32} : size_t{16}};
 }
 
 inline size_t rev_bits(size_t x, int bits) {
@@ -35,24 +35,26 @@ constexpr uint8_t kRev5[32] = {0, 16, 8, 24, 4, 20, 12, 28, 2, 18, 10, 26, 6, 22
                                1, 17, 9, 25, 5, 21, 13, 29, 3, 19, 11, 27, 7, 23, 15, 31};
 
 // Index k = [a (5 bits) | mid | b (5 bits)] of a 2^order array goes to
-// [rev b | rev mid | rev a]. f(src_row_a, b, dst_row, dst_col) per element of one 32 x 32 tile.
+// [rev b | rev mid | rev a]. f(a, b, r, c) per element of one 32 x 32 tile, where source row a,
+// column b goes to row r = rev b, column c = rev a; destination rows are written in order.
 template <class F>
 inline void tile(F f) {
-  for (size_t a = 0; a < 32; ++a) {
-    for (size_t b = 0; b < 32; ++b) f(a, b, kRev5[b], kRev5[a]);
+  for (size_t r = 0; r < 32; ++r) {
+    for (size_t c = 0; c < 32; ++c) f(kRev5[c], kRev5[r], r, c);
   }
 }
 
-// Out of place: d[rev(k)] = s[k] through tiles.
-template <class Move>
-void bitrev_copy(int order, Move move) {
+// Out of place: put(rev(k), z[k]) through tiles staged in tb (1024 elements).
+template <class E, class Put>
+void bitrev_copy(int order, const E* z, E* tb, Put put) {
   const int mb = order - 10;
   const size_t stride = size_t{1} << (order - 5);
   for (size_t mid = 0; mid < (size_t{1} << mb); ++mid) {
-    const size_t so = mid * 32, dof = rev_bits(mid, mb) * 32;
-    tile([&](size_t a, size_t b, size_t ra, size_t rb) {
-      move(a * stride + so + b, ra * stride + dof + rb);
-    });
+    const size_t dof = rev_bits(mid, mb) * 32;
+    for (size_t a = 0; a < 32; ++a)
+      std::memcpy(tb + 32 * a, z + a * stride + mid * 32, 32 * sizeof(E));
+    tile(
+        [&](size_t a, size_t b, size_t r, size_t c) { put(r * stride + dof + c, tb[32 * a + b]); });
   }
 }
 
@@ -68,10 +70,14 @@ void bitrev_inplace(E* d, int order, E* ta, E* tb) {
       std::memcpy(ta + 32 * a, d + a * stride + mid * 32, 32 * sizeof(E));
       if (pm != mid) std::memcpy(tb + 32 * a, d + a * stride + pm * 32, 32 * sizeof(E));
     }
-    tile([&](size_t a, size_t b, size_t ra, size_t rb) {
-      d[ra * stride + pm * 32 + rb] = ta[32 * a + b];
-      if (pm != mid) d[ra * stride + mid * 32 + rb] = tb[32 * a + b];
+    tile([&](size_t a, size_t b, size_t r, size_t c) {
+      d[r * stride + pm * 32 + c] = ta[32 * a + b];
     });
+    if (pm != mid) {
+      tile([&](size_t a, size_t b, size_t r, size_t c) {
+        d[r * stride + mid * 32 + c] = tb[32 * a + b];
+      });
+    }
   }
 }
 
@@ -167,6 +173,11 @@ void large_run(const Header<R>* h, int order, IO src, IO dst, R* work, bool scal
           a[2 * (j * bw + l) + 1] = src.im[at + l];
         }
       } else {
+        if (m0 + bw < len) {  // the next block's row, while this one is copied
+          for (size_t c = 0; c < 2 * bw * sizeof(R); c += 64) {
+            __builtin_prefetch(reinterpret_cast<const char*>(src.p + 2 * (at + bw)) + c);
+          }
+        }
         std::memcpy(a + 2 * j * bw, src.p + 2 * at, 2 * bw * sizeof(R));
       }
     }
@@ -202,16 +213,17 @@ void large_run(const Header<R>* h, int order, IO src, IO dst, R* work, bool scal
         z[2 * i + 1] = dst.im[at + i];
       }
       run_plan<R, W, Inv>(*t.row_plan, Buf<R>{z}, Buf<R>{z}, Buf<R>{s}, t.row_tw, scaled, scale);
-      bitrev_copy(g.lr, [&](size_t si, size_t di) {
-        dst.re[at + di] = z[2 * si];
-        dst.im[at + di] = z[2 * si + 1];
-      });
+      bitrev_copy(g.lr, reinterpret_cast<const Cpx<R>*>(z), reinterpret_cast<Cpx<R>*>(s),
+                  [&](size_t di, Cpx<R> v) {
+                    dst.re[at + di] = v.re;
+                    dst.im[at + di] = v.im;
+                  });
     } else {
       run_plan<R, W, Inv>(*t.row_plan, Buf<R>{dst.p + 2 * at}, Buf<R>{z}, Buf<R>{s}, t.row_tw,
                           scaled, scale);
-      auto* zc = reinterpret_cast<const Cpx<R>*>(z);
       auto* dc = reinterpret_cast<Cpx<R>*>(dst.p + 2 * at);
-      bitrev_copy(g.lr, [&](size_t si, size_t di) { dc[di] = zc[si]; });
+      bitrev_copy(g.lr, reinterpret_cast<const Cpx<R>*>(z), reinterpret_cast<Cpx<R>*>(s),
+                  [&](size_t di, Cpx<R> v) { dc[di] = v; });
     }
   }
 

@@ -31,16 +31,17 @@ template <>
 struct Kind<VeksFFTSpec_R_64f> : KindOf<double, 9, 28, true, false> {};
 
 // Per precision: complex lanes of a full vector, the last complex order of the cache-resident
-// passes, the first real order with two-level recombination tables.
+// passes, the first real order with two-level recombination tables, the last order whose
+// transform runs with all its data in registers (or as good as: its stack frame).
 template <class R>
 struct Prec;
 template <>
 struct Prec<float> {
-  static constexpr int logv = 3, mid_max = 18, rec_two_level = 19;
+  static constexpr int logv = 3, mid_max = 18, rec_two_level = 19, straight_max = 8;
 };
 template <>
 struct Prec<double> {
-  static constexpr int logv = 2, mid_max = 17, rec_two_level = 19;
+  static constexpr int logv = 2, mid_max = 17, rec_two_level = 19, straight_max = 7;
 };
 
 constexpr int64_t ru64(int64_t x) { return (x + 63) & ~int64_t{63}; }
