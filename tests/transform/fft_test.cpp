@@ -39,6 +39,11 @@ constexpr int kFlags[] = {VEK_FFT_NORM_FWD_N, VEK_FFT_NORM_INV_N, VEK_FFT_NORM_S
                           VEK_FFT_NORM_NONE};
 constexpr VekAccuracyHint kHint = 3;
 constexpr LD kC = 2;  // every relative RMS error stays below kC * eps * log2(N)
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSanitized = true;  // the largest orders only in the faster builds
+#else
+constexpr bool kSanitized = false;
+#endif
 template <class R>
 constexpr LD kEps = std::is_same_v<R, float> ? 0x1p-24L : 0x1p-53L;
 
@@ -49,39 +54,25 @@ struct KindBase {
   static constexpr Shape shape = S;
   static constexpr int id = Id, limit = Limit, layouts = S == kReal ? 3 : 1;
 };
-// The six kinds, their identifiers and order limits, their functions indexed by layout.
-#define VEKS_COMPLEX_KIND(Name, T, Rt, Sh, Id, Limit)                                        \
-  struct Name : KindBase<Rt, VeksFFTSpec_C_##T, Sh, Id, Limit> {                             \
-    static constexpr auto get_size = veksFFTGetSize_C_##T;                                   \
-    static constexpr auto init = veksFFTInit_C_##T;                                          \
-    static constexpr decltype(&veksFFTFwd_CToC_##T) fwd[] = {veksFFTFwd_CToC_##T},           \
-                                                    inv[] = {veksFFTInv_CToC_##T};           \
-    static constexpr decltype(&veksFFTFwd_CToC_##T##_I) fwd_i[] = {veksFFTFwd_CToC_##T##_I}, \
-                                                        inv_i[] = {veksFFTInv_CToC_##T##_I}; \
+// The six kinds: identifiers, order limits, functions indexed by layout.
+#define VEKS_KIND(Name, Rt, Sh, Id, Limit, T, F, I, S)         \
+  struct Name : KindBase<Rt, VeksFFTSpec_##T, Sh, Id, Limit> { \
+    static constexpr auto get_size = veksFFTGetSize_##T;       \
+    static constexpr auto init = veksFFTInit_##T;              \
+    static constexpr std::array fwd{F(veksFFTFwd_, S)};        \
+    static constexpr std::array inv{I(veksFFTInv_, S)};        \
+    static constexpr std::array fwd_i{F(veksFFTFwd_, S##_I)};  \
+    static constexpr std::array inv_i{I(veksFFTInv_, S##_I)};  \
   };
-#define VEKS_REAL_KIND(Name, T, Id, Limit)                                                        \
-  struct Name : KindBase<Vek##T, VeksFFTSpec_R_##T, kReal, Id, Limit> {                           \
-    static constexpr auto get_size = veksFFTGetSize_R_##T;                                        \
-    static constexpr auto init = veksFFTInit_R_##T;                                               \
-    static constexpr decltype(&veksFFTFwd_RToPack_##T) fwd[] = {veksFFTFwd_RToPack_##T,           \
-                                                                veksFFTFwd_RToPerm_##T,           \
-                                                                veksFFTFwd_RToCCS_##T},           \
-                                                       inv[] = {veksFFTInv_PackToR_##T,           \
-                                                                veksFFTInv_PermToR_##T,           \
-                                                                veksFFTInv_CCSToR_##T};           \
-    static constexpr decltype(&veksFFTFwd_RToPack_##T##_I) fwd_i[] = {veksFFTFwd_RToPack_##T##_I, \
-                                                                      veksFFTFwd_RToPerm_##T##_I, \
-                                                                      veksFFTFwd_RToCCS_##T##_I}, \
-                                                           inv_i[] = {veksFFTInv_PackToR_##T##_I, \
-                                                                      veksFFTInv_PermToR_##T##_I, \
-                                                                      veksFFTInv_CCSToR_##T##_I}; \
-  };
-VEKS_COMPLEX_KIND(C32fc, 32fc, float, kInter, 4, 28)
-VEKS_COMPLEX_KIND(C32f, 32f, float, kSplit, 5, 28)
-VEKS_REAL_KIND(R32f, 32f, 6, 29)
-VEKS_COMPLEX_KIND(C64fc, 64fc, double, kInter, 7, 27)
-VEKS_COMPLEX_KIND(C64f, 64f, double, kSplit, 8, 27)
-VEKS_REAL_KIND(R64f, 64f, 9, 28)
+#define VEKS_C(P, S) P##CToC##S
+#define VEKS_RF(P, S) P##RToPack##S, P##RToPerm##S, P##RToCCS##S
+#define VEKS_RI(P, S) P##PackToR##S, P##PermToR##S, P##CCSToR##S
+VEKS_KIND(C32fc, float, kInter, 4, 28, C_32fc, VEKS_C, VEKS_C, _32fc)
+VEKS_KIND(C32f, float, kSplit, 5, 28, C_32f, VEKS_C, VEKS_C, _32f)
+VEKS_KIND(R32f, float, kReal, 6, 29, R_32f, VEKS_RF, VEKS_RI, _32f)
+VEKS_KIND(C64fc, double, kInter, 7, 27, C_64fc, VEKS_C, VEKS_C, _64fc)
+VEKS_KIND(C64f, double, kSplit, 8, 27, C_64f, VEKS_C, VEKS_C, _64f)
+VEKS_KIND(R64f, double, kReal, 9, 28, R_64f, VEKS_RF, VEKS_RI, _64f)
 
 constexpr long long r64(long long v) { return (v + 63) / 64 * 64; }
 unsigned char* align64(unsigned char* p) {
@@ -124,6 +115,7 @@ struct Plan {
     work = Exact(size_t(std::max(work_size, 0)));
     EXPECT_EQ(K::init(&h, order, flag, kHint, spec.get(), init.get()), vekStatusOk)
         << "order " << order << ", flag " << flag;
+    if (init_size > 0) std::memset(init.get(), 0x77, size_t(init_size));  // free for reuse now
   }
   unsigned char* buf() const { return work.get(); }  // null when no work buffer is needed
   int spec_size = 0, init_size = 0, work_size = 0;
@@ -251,13 +243,14 @@ std::vector<CL> dft(const std::vector<CL>& x, const std::vector<CL>& w) {
 // One order's input and references: x holds n complex values (its real parts are the real
 // signal, its first n/2 + 1 values the half of a Hermitian spectrum, DC and Nyquist taken real).
 struct Case {
-  explicit Case(int ord) : order(ord), n(size_t{1} << ord) {
+  Case(int ord, bool real) : order(ord), n(size_t{1} << ord) {
     std::mt19937 gen(unsigned(ord) * 7919u + 1);
     x = random_vec<float>(2 * n, gen);
     const auto w = roots(n);
     std::vector<CL> xc(n), y(n);
     for (size_t j = 0; j < n; ++j) xc[j] = {x[2 * j], x[2 * j + 1]};
     z = dft(xc, w);
+    if (!real) return;
     half.assign(x.begin(), x.begin() + static_cast<ptrdiff_t>(ccs_len(n)));
     half[1] = 0, half.back() = 0;
     for (size_t k = 0; k < n; ++k) {
@@ -303,8 +296,9 @@ std::pair<std::vector<typename K::R>, std::vector<LD>> io(const Case& c, bool in
 // Each flag, direction and layout of kind K against the references; returns the largest error
 // in units of eps * log2(N).
 template <class K>
-LD check_accuracy(const Case& c, std::initializer_list<int> flags) {
+LD check_accuracy(int order, std::initializer_list<int> flags) {
   using R = typename K::R;
+  const Case c(order, K::shape == kReal);
   const LD unit = kEps<R> * std::max(c.order, 1);
   LD worst = 0;
   for (int flag : flags) {
@@ -332,36 +326,26 @@ TYPED_TEST_SUITE(FFT, Kinds);
 TYPED_TEST(FFT, MatchesTheReferenceAtEveryOrderAndFlag) {
   LD worst = 0;
   for (int order = 0; order <= 16; ++order)
-    worst = std::max(worst, check_accuracy<TypeParam>(Case(order), {1, 2, 4, 8}));
+    worst = std::max(worst, check_accuracy<TypeParam>(order, {1, 2, 4, 8}));
   std::printf("largest error: %.3Lf eps log2(N)\n", worst);
 }
 
 // Larger orders, where the blocked algorithm runs (from 19 in 32f, 18 in 64f; one more for the
 // real kinds, whose complex pass runs at half length).
-struct Large {
-  const char* name;
-  LD (*check)(const Case&, std::initializer_list<int>);
-  int order;
-};
-class FFTLarge : public ::testing::TestWithParam<Large> {};
-TEST_P(FFTLarge, MatchesTheReference) {
-  const LD worst = GetParam().check(Case(GetParam().order), {1, 2});
+TYPED_TEST(FFT, MatchesTheReferenceAtLargeOrders) {
+  using K = TypeParam;
+  constexpr bool f32 = std::is_same_v<typename K::R, float>;
+  std::vector<int> orders{f32 ? 19 : 18 + (K::shape == kReal)};
+  if (K::shape != kSplit) orders.push_back(20);
+  if (K::shape != kSplit && !kSanitized) orders.push_back(f32 ? 22 : 21);
+  LD worst = 0;
+  for (int order : orders) worst = std::max(worst, check_accuracy<K>(order, {1, 2}));
   std::printf("largest error: %.3Lf eps log2(N)\n", worst);
 }
-INSTANTIATE_TEST_SUITE_P(
-    Orders, FFTLarge,
-    ::testing::Values(
-        Large{"C32fc_19", check_accuracy<C32fc>, 19}, Large{"C32fc_20", check_accuracy<C32fc>, 20},
-        Large{"C32fc_22", check_accuracy<C32fc>, 22}, Large{"C32f_19", check_accuracy<C32f>, 19},
-        Large{"R32f_19", check_accuracy<R32f>, 19}, Large{"R32f_20", check_accuracy<R32f>, 20},
-        Large{"R32f_22", check_accuracy<R32f>, 22}, Large{"C64fc_18", check_accuracy<C64fc>, 18},
-        Large{"C64fc_20", check_accuracy<C64fc>, 20}, Large{"C64f_18", check_accuracy<C64f>, 18},
-        Large{"R64f_19", check_accuracy<R64f>, 19}, Large{"R64f_21", check_accuracy<R64f>, 21}),
-    [](const auto& param) { return std::string(param.param.name); });
 
 // In place and out of place agree bit for bit at every order up to 20; the inverse of the forward
 // returns the input (times N unnormalised); the three packed layouts of one signal hold the same
-// numbers, and their inverses agree.
+// numbers, and their inverses agree; execution leaves the specification as Init built it.
 TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
   using K = TypeParam;
   using R = typename K::R;
@@ -370,6 +354,7 @@ TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
     const int flag = kFlags[order % 4];
     const size_t n = size_t{1} << order, mis = sizeof(R) * size_t(order % 3);
     Plan<K> p(order, flag);
+    const std::vector<unsigned char> spec(p.spec.get(), p.spec.get() + p.spec_size);
     const auto x = random_vec<R>(K::shape == kReal ? n : 2 * n, gen);
     const std::vector<LD> want(x.begin(), x.end());
     std::vector<R> y[3], z[3];
@@ -392,6 +377,7 @@ TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
       EXPECT_EQ(y[kCCS].back(), 0) << "order " << order;
       EXPECT_TRUE(same_bits(z[kPack], z[kPerm]) && same_bits(z[kCCS], z[kPerm])) << order;
     }
+    EXPECT_TRUE(std::equal(spec.begin(), spec.end(), p.spec.get())) << "specification written";
   }
 }
 
@@ -446,7 +432,7 @@ TYPED_TEST(FFT, GetSizeReportsTheTableSizesAndChecksInOrder) {
       const long long rec = K::shape == kReal && f32 ? 2 * (8192 + (8LL << (order - 12))) : 0;
       EXPECT_GE(got[0], rec + 256) << order;
       EXPECT_GE(got[1], r64(f32 ? n + 4 : 2 * n + 8) + 64) << order;
-      EXPECT_GE(got[2], 0) << order;
+      EXPECT_GT(got[2], 0) << order;
     }
   }
   // The order is checked against 0..30 first, the pointers, the flag, then the kind's limit.
@@ -462,20 +448,6 @@ TYPED_TEST(FFT, GetSizeReportsTheTableSizesAndChecksInOrder) {
   EXPECT_EQ(size(30, 8), vekStatusBadFftOrder);
 }
 
-TEST(FFTSizes, SplitKindsShareTheInterleavedSizes) {
-  for (int order = 0; order <= 28; ++order)
-    for (int flag : kFlags) {
-      int a[3], b[3], c[3], d[3];
-      EXPECT_EQ(veksFFTGetSize_C_32fc(order, flag, 0, &a[0], &a[1], &a[2]), vekStatusOk);
-      EXPECT_EQ(veksFFTGetSize_C_32f(order, flag, 0, &b[0], &b[1], &b[2]), vekStatusOk);
-      EXPECT_EQ(0, std::memcmp(a, b, sizeof a)) << order;
-      if (order > 27) continue;
-      EXPECT_EQ(veksFFTGetSize_C_64fc(order, flag, 0, &c[0], &c[1], &c[2]), vekStatusOk);
-      EXPECT_EQ(veksFFTGetSize_C_64f(order, flag, 0, &d[0], &d[1], &d[2]), vekStatusOk);
-      EXPECT_EQ(0, std::memcmp(c, d, sizeof c)) << order;
-    }
-}
-
 // The first header fields; the scale factor is a float in 32f specifications, a double in 64f.
 template <class R>
 struct Header {
@@ -483,12 +455,6 @@ struct Header {
   R scale;
   int32_t hint, work, zero;
 };
-template <class R>
-Header<R> header_of(const void* h) {
-  Header<R> v;
-  std::memcpy(&v, h, sizeof v);
-  return v;
-}
 
 TYPED_TEST(FFT, InitChecksInOrderAndFillsTheHeader) {
   using K = TypeParam;
@@ -519,24 +485,18 @@ TYPED_TEST(FFT, InitChecksInOrderAndFillsTheHeader) {
   for (int order = 0; order <= 20; ++order)
     for (int flag : kFlags) {
       const Plan<K> p(order, flag);
-      const auto f = header_of<R>(p.h);
       const size_t n = size_t{1} << order;
-      const R scale = flag == VEK_FFT_NORM_SQRT_N ? static_cast<R>(1 / std::sqrt(double(n)))
-                      : flag == VEK_FFT_NORM_NONE ? R(0)
-                                                  : R(1) / static_cast<R>(n);
+      const bool sq = flag == VEK_FFT_NORM_SQRT_N, none = flag == VEK_FFT_NORM_NONE;
+      const R scale = sq ? static_cast<R>(1 / std::sqrt(double(n))) : none ? 0 : R(1) / R(n);
+      if (std::is_same_v<R, float> && order == 1 && sq) {
+        EXPECT_EQ(scale, R(0.70710677f));
+      }
+      const int32_t work = std::max(p.work_size - 64, 0);
+      const Header<R> want{K::id, order, flag == 1 || sq, flag == 2 || sq, scale, kHint, work, 0};
       EXPECT_EQ(reinterpret_cast<unsigned char*>(p.h), align64(p.spec.get()));
-      EXPECT_EQ(f.id, K::id);
-      EXPECT_EQ(f.order, order);
-      EXPECT_EQ(f.fwd_scaled, flag == VEK_FFT_NORM_FWD_N || flag == VEK_FFT_NORM_SQRT_N);
-      EXPECT_EQ(f.inv_scaled, flag == VEK_FFT_NORM_INV_N || flag == VEK_FFT_NORM_SQRT_N);
-      EXPECT_EQ(f.scale, scale) << "order " << order << ", flag " << flag;
-      EXPECT_EQ(f.hint, kHint);
-      EXPECT_EQ(f.work, std::max(p.work_size - 64, 0)) << "order " << order;
-      EXPECT_EQ(f.zero, 0);
+      EXPECT_EQ(0, std::memcmp(p.h, &want, offsetof(Header<R>, zero) + 4))
+          << "order " << order << ", flag " << flag;
     }
-  if constexpr (std::is_same_v<R, float>) {
-    EXPECT_EQ(header_of<R>(Plan<K>(1, VEK_FFT_NORM_SQRT_N).h).scale, 0.70710677f);
-  }
 }
 
 // Specifications built at an unaligned address and at an aligned one hold the same bytes from
@@ -638,6 +598,66 @@ TYPED_TEST(FFT, OneSpecificationServesTwoThreads) {
     for (size_t j = 0; j < in.size(); ++j)
       EXPECT_TRUE(same_bits(serial[j], par[j])) << "order " << order << ", transform " << j;
   }
+}
+
+// The largest complex transform that fits comfortably: 2 GiB per vector at order 28 (order 24
+// under the sanitizer; 4.4 GB in all and about half a minute here). The input is a tone at bin m
+// plus a few impulses, whose spectrum is known at any bin: sampled bins estimate the error over all
+// of them (rounding the input to float adds about eps / 2). In place must equal out of place, and
+// the inverse must return the input.
+constexpr int kHugeOrder = kSanitized ? 24 : 28;
+TEST(FFTHuge, LargestComplexOrder) {
+  using cd = std::complex<double>;
+  const size_t n = size_t{1} << kHugeOrder, mask = n - 1, lo_n = 1 << 14, bytes = n * 8;
+  const Plan<C32fc> p(kHugeOrder, VEK_FFT_NORM_INV_N);
+  std::mt19937_64 gen(5);
+  const size_t m = gen() & mask;
+  const auto cis = [&](size_t k, LD sign) {  // exp(sign * 2*pi*i*k/N)
+    const LD a = 2 * std::numbers::pi_v<LD> * LD(k & mask) / LD(n);
+    return CL(std::cos(a), sign * std::sin(a));
+  };
+  std::vector<cd> lo(lo_n), hi(n / lo_n);  // the tone from two tables of exact angles
+  for (size_t t = 0; t < lo_n; ++t) lo[t] = cd(cis(m * t, 1));
+  for (size_t u = 0; u < hi.size(); ++u) hi[u] = cd(cis(m * u * lo_n, 1));
+  std::vector<std::pair<size_t, cd>> imps(8);
+  for (auto& [at, a] : imps) at = gen() & mask, a = cd(double(gen() % 7) - 3, 1.5);
+  std::sort(imps.begin(), imps.end(), [](auto& u, auto& v) { return u.first < v.first; });
+  const auto each_input = [&](auto&& fn) {
+    for (size_t j = 0, k = 0; j < n; ++j) {
+      const cd h = hi[j / lo_n], l = lo[j % lo_n];
+      cd v(h.real() * l.real() - h.imag() * l.imag(), h.real() * l.imag() + h.imag() * l.real());
+      for (; k < imps.size() && imps[k].first == j; ++k) v += imps[k].second;
+      fn(j, Vek32fc{float(v.real()), float(v.imag())});
+    }
+  };
+  const Exact src{bytes + 64, 8}, dst{bytes + 64, 8};  // the last 64 bytes stay as guards
+  auto *x = reinterpret_cast<Vek32fc*>(src.get()), *y = reinterpret_cast<Vek32fc*>(dst.get());
+  double energy = 0, back = 0;
+  size_t changed = 0;
+  each_input(
+      [&](size_t j, Vek32fc v) { x[j] = v, energy += double(v.re) * v.re + double(v.im) * v.im; });
+  ASSERT_EQ(veksFFTFwd_CToC_32fc(x, y, p.h, p.buf()), vekStatusOk);
+  each_input([&](size_t j, Vek32fc v) { changed += std::memcmp(&x[j], &v, sizeof v) != 0; });
+  EXPECT_EQ(changed, 0u) << "wrote into the source";
+  LD err = 0, tone_err = 0;  // random bins stand for all but bin m, which counts once
+  for (int i = 0; i <= 4096; ++i) {
+    const size_t k = i ? gen() & mask : m;
+    CL want = k == m ? LD(n) : 0;
+    for (auto& [at, a] : imps) want += mul(CL(a.real(), a.imag()), cis(at * k, -1));
+    (i ? err : tone_err) += std::norm(CL(y[k].re, y[k].im) - want);
+  }
+  const LD unit = kEps<float> * kHugeOrder;
+  const LD fwd_err = std::sqrt((tone_err + err * LD(n) / 4096) / (LD(n) * energy));
+  EXPECT_LE(fwd_err, kC * unit) << "forward";
+  std::printf("forward error: %.3Lf eps log2(N)\n", fwd_err / unit);
+  ASSERT_EQ(veksFFTFwd_CToC_32fc_I(x, p.h, p.buf()), vekStatusOk);
+  EXPECT_EQ(0, std::memcmp(x, y, bytes)) << "in place differs from out of place";
+  ASSERT_EQ(veksFFTInv_CToC_32fc_I(y, p.h, p.buf()), vekStatusOk);
+  each_input(
+      [&](size_t j, Vek32fc v) { back += std::norm(cd(y[j].re, y[j].im) - cd(v.re, v.im)); });
+  EXPECT_LE(std::sqrt(back / energy), 2 * kC * unit) << "round trip";
+  EXPECT_TRUE(Exact::filled(src.get() + bytes, src.get() + bytes + 64) &&
+              Exact::filled(dst.get() + bytes, dst.get() + bytes + 64));
 }
 
 }  // namespace
