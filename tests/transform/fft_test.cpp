@@ -50,26 +50,28 @@ struct KindBase {
   static constexpr int id = Id, limit = Limit, layouts = S == kReal ? 3 : 1;
 };
 // The six kinds, their identifiers and order limits, their functions indexed by layout.
-#define VEKS_COMPLEX_KIND(Name, T, Rt, Sh, Id, Limit)                                   \
-  struct Name : KindBase<Rt, VeksFFTSpec_C_##T, Sh, Id, Limit> {                         \
-    static constexpr auto get_size = veksFFTGetSize_C_##T;                               \
-    static constexpr auto init = veksFFTInit_C_##T;                                      \
-    static constexpr decltype(&veksFFTFwd_CToC_##T) fwd[] = {veksFFTFwd_CToC_##T},       \
-                                                    inv[] = {veksFFTInv_CToC_##T};       \
+#define VEKS_COMPLEX_KIND(Name, T, Rt, Sh, Id, Limit)                                        \
+  struct Name : KindBase<Rt, VeksFFTSpec_C_##T, Sh, Id, Limit> {                             \
+    static constexpr auto get_size = veksFFTGetSize_C_##T;                                   \
+    static constexpr auto init = veksFFTInit_C_##T;                                          \
+    static constexpr decltype(&veksFFTFwd_CToC_##T) fwd[] = {veksFFTFwd_CToC_##T},           \
+                                                    inv[] = {veksFFTInv_CToC_##T};           \
     static constexpr decltype(&veksFFTFwd_CToC_##T##_I) fwd_i[] = {veksFFTFwd_CToC_##T##_I}, \
                                                         inv_i[] = {veksFFTInv_CToC_##T##_I}; \
   };
 #define VEKS_REAL_KIND(Name, T, Id, Limit)                                                        \
-  struct Name : KindBase<Vek##T, VeksFFTSpec_R_##T, kReal, Id, Limit> {                          \
+  struct Name : KindBase<Vek##T, VeksFFTSpec_R_##T, kReal, Id, Limit> {                           \
     static constexpr auto get_size = veksFFTGetSize_R_##T;                                        \
     static constexpr auto init = veksFFTInit_R_##T;                                               \
-    static constexpr decltype(&veksFFTFwd_RToPack_##T) fwd[] = {                                 \
-        veksFFTFwd_RToPack_##T, veksFFTFwd_RToPerm_##T, veksFFTFwd_RToCCS_##T},                  \
-                                                       inv[] = {veksFFTInv_PackToR_##T,          \
-                                                                veksFFTInv_PermToR_##T,          \
-                                                                veksFFTInv_CCSToR_##T};          \
-    static constexpr decltype(&veksFFTFwd_RToPack_##T##_I) fwd_i[] = {                           \
-        veksFFTFwd_RToPack_##T##_I, veksFFTFwd_RToPerm_##T##_I, veksFFTFwd_RToCCS_##T##_I},      \
+    static constexpr decltype(&veksFFTFwd_RToPack_##T) fwd[] = {veksFFTFwd_RToPack_##T,           \
+                                                                veksFFTFwd_RToPerm_##T,           \
+                                                                veksFFTFwd_RToCCS_##T},           \
+                                                       inv[] = {veksFFTInv_PackToR_##T,           \
+                                                                veksFFTInv_PermToR_##T,           \
+                                                                veksFFTInv_CCSToR_##T};           \
+    static constexpr decltype(&veksFFTFwd_RToPack_##T##_I) fwd_i[] = {veksFFTFwd_RToPack_##T##_I, \
+                                                                      veksFFTFwd_RToPerm_##T##_I, \
+                                                                      veksFFTFwd_RToCCS_##T##_I}, \
                                                            inv_i[] = {veksFFTInv_PackToR_##T##_I, \
                                                                       veksFFTInv_PermToR_##T##_I, \
                                                                       veksFFTInv_CCSToR_##T##_I}; \
@@ -82,7 +84,9 @@ VEKS_COMPLEX_KIND(C64f, 64f, double, kSplit, 8, 27)
 VEKS_REAL_KIND(R64f, 64f, 9, 28)
 
 constexpr long long r64(long long v) { return (v + 63) / 64 * 64; }
-unsigned char* align64(unsigned char* p) { return p + (64 - reinterpret_cast<uintptr_t>(p) % 64) % 64; }
+unsigned char* align64(unsigned char* p) {
+  return p + (64 - reinterpret_cast<uintptr_t>(p) % 64) % 64;
+}
 size_t ccs_len(size_t n) { return n == 1 ? 2 : n + 2; }
 
 // A caller block of exactly `size` bytes starting `offset` bytes past a 64-byte boundary; it ends
@@ -92,7 +96,9 @@ class Exact {
   static constexpr unsigned char kFill = 0xE5;
   Exact() = default;
   explicit Exact(size_t size, size_t offset = 1)
-      : size_(size), off_(offset), raw_(static_cast<unsigned char*>(::operator new(size + offset, std::align_val_t{64}))) {
+      : size_(size),
+        off_(offset),
+        raw_(static_cast<unsigned char*>(::operator new (size + offset, std::align_val_t{64}))) {
     std::memset(raw_.get(), kFill, size + offset);
   }
   unsigned char* get() const { return size_ ? raw_.get() + off_ : nullptr; }
@@ -102,7 +108,7 @@ class Exact {
 
  private:
   struct Free {
-    void operator()(unsigned char* p) const { ::operator delete(p, std::align_val_t{64}); }
+    void operator()(unsigned char* p) const { ::operator delete (p, std::align_val_t{64}); }
   };
   size_t size_ = 0, off_ = 0;
   std::unique_ptr<unsigned char, Free> raw_;
@@ -306,8 +312,8 @@ LD check_accuracy(const Case& c, std::initializer_list<int> flags) {
     for (int inv = 0; inv < 2; ++inv)
       for (int lay = 0; lay < K::layouts; ++lay) {
         const auto [in, want] = io<K>(c, inv, lay);
-        const auto got = run<K>(p.h, p.buf(), inv, lay, false, in, want.size(),
-                                sizeof(R) * size_t(c.order % 3));
+        const auto got =
+            run<K>(p.h, p.buf(), inv, lay, false, in, want.size(), sizeof(R) * size_t(c.order % 3));
         const LD err = rel_rms(got, want, scale_of(flag, inv, c.n));
         EXPECT_LE(err, c.order ? kC * unit : 0)  // one point is copied
             << "order " << c.order << ", flag " << flag << (inv ? ", inverse" : ", forward")
@@ -344,18 +350,13 @@ TEST_P(FFTLarge, MatchesTheReference) {
 }
 INSTANTIATE_TEST_SUITE_P(
     Orders, FFTLarge,
-    ::testing::Values(Large{"C32fc_19", check_accuracy<C32fc>, 19},
-                      Large{"C32fc_20", check_accuracy<C32fc>, 20},
-                      Large{"C32fc_22", check_accuracy<C32fc>, 22},
-                      Large{"C32f_19", check_accuracy<C32f>, 19},
-                      Large{"R32f_19", check_accuracy<R32f>, 19},
-                      Large{"R32f_20", check_accuracy<R32f>, 20},
-                      Large{"R32f_22", check_accuracy<R32f>, 22},
-                      Large{"C64fc_18", check_accuracy<C64fc>, 18},
-                      Large{"C64fc_20", check_accuracy<C64fc>, 20},
-                      Large{"C64f_18", check_accuracy<C64f>, 18},
-                      Large{"R64f_19", check_accuracy<R64f>, 19},
-                      Large{"R64f_21", check_accuracy<R64f>, 21}),
+    ::testing::Values(
+        Large{"C32fc_19", check_accuracy<C32fc>, 19}, Large{"C32fc_20", check_accuracy<C32fc>, 20},
+        Large{"C32fc_22", check_accuracy<C32fc>, 22}, Large{"C32f_19", check_accuracy<C32f>, 19},
+        Large{"R32f_19", check_accuracy<R32f>, 19}, Large{"R32f_20", check_accuracy<R32f>, 20},
+        Large{"R32f_22", check_accuracy<R32f>, 22}, Large{"C64fc_18", check_accuracy<C64fc>, 18},
+        Large{"C64fc_20", check_accuracy<C64fc>, 20}, Large{"C64f_18", check_accuracy<C64f>, 18},
+        Large{"R64f_19", check_accuracy<R64f>, 19}, Large{"R64f_21", check_accuracy<R64f>, 21}),
     [](const auto& param) { return std::string(param.param.name); });
 
 // In place and out of place agree bit for bit at every order up to 20; the inverse of the forward
@@ -381,7 +382,8 @@ TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
       EXPECT_TRUE(same_bits(z[lay], run<K>(p.h, p.buf(), true, lay, true, y[lay], x.size(), mis)))
           << "inverse, order " << order << ", layout " << lay;
       const LD err = rel_rms(z[lay], want, flag == VEK_FFT_NORM_NONE ? LD(n) : 1);
-      EXPECT_LE(err, 2 * kC * kEps<R> * order) << "round trip, order " << order << ", flag " << flag;
+      EXPECT_LE(err, 2 * kC * kEps<R> * order)
+          << "round trip, order " << order << ", flag " << flag;
     }
     if constexpr (K::shape == kReal) {
       EXPECT_TRUE(same_bits(y[kPack], layout_of(y[kCCS], kPack, n))) << "order " << order;
@@ -431,7 +433,8 @@ TYPED_TEST(FFT, GetSizeReportsTheTableSizesAndChecksInOrder) {
     const std::array<long long, 3> got{s[0], s[1], s[2]};
     for (int flag : {2, 4, 8}) {
       EXPECT_EQ(size(order, flag), vekStatusOk);
-      EXPECT_EQ((std::array<long long, 3>{s[0], s[1], s[2]}), got) << "flag " << flag << ", order " << order;
+      EXPECT_EQ((std::array<long long, 3>{s[0], s[1], s[2]}), got)
+          << "flag " << flag << ", order " << order;
     }
     if (const auto f = fixed_sizes<K>(order)) {
       EXPECT_TRUE(f->spec_at_least ? got[0] >= f->spec : got[0] == f->spec)
@@ -578,7 +581,8 @@ TYPED_TEST(FFT, ExecutionChecksWriteNothing) {
           g.reserve(4);
           std::array<R*, 4> d{};
           const int np = (K::shape == kSplit ? 2 : 1) * (ip ? 1 : 2);
-          for (int i = 0; i < np; ++i) d[size_t(i)] = g.emplace_back((size_t{2} << order) + 2).data();
+          for (int i = 0; i < np; ++i)
+            d[size_t(i)] = g.emplace_back((size_t{2} << order) + 2).data();
           const auto expect = [&](VekStatus want, std::array<R*, 4> dd, const Spec* h,
                                   unsigned char* w, const char* what) {
             EXPECT_EQ(invoke<K>(inv, lay, ip, dd, h, w), want)
