@@ -77,15 +77,17 @@ void time_case(benchmark::State& st, Case* c, int who) {
   const std::function<void(int)>& f = who == 0 ? c->veks : c->fftw;
   int since = c->limit;  // the buffer may hold another benchmark's output: refill first
   for (auto _ : st) {
-    if (c->in_place && since > c->limit - c->batch) {
-      c->refill();
-      since = 0;
+    if (c->in_place) {
+      if (since > c->limit - c->batch) {
+        c->refill();
+        since = 0;
+      }
+      since += c->batch;
     }
     const auto t0 = Clock::now();
     f(c->batch);
     benchmark::ClobberMemory();
     const auto t1 = Clock::now();
-    since += c->batch;
     const double t = std::max(std::chrono::duration<double>(t1 - t0).count() - g_clock_cost, 0.0);
     st.SetIterationTime(t);
     c->best[who] = std::min(c->best[who], t / c->batch);
