@@ -12,9 +12,12 @@
 // Timing: each benchmark iteration times a batch of transforms with the steady clock (the
 // clock's own cost, measured at start, is subtracted); in-place batches restart from the input
 // whenever further unscaled transforms could overflow (each multiplies the magnitude by about
-// sqrt(N)), and that refill is not timed. All repetitions of all benchmarks are shuffled so veks
-// and FFTW share the machine's noise, and each figure is the fastest batch seen over all
-// repetitions. Defaults (overridable): --benchmark_repetitions=8 (--quick: 5),
+// sqrt(N)), and that refill is not timed. Repeated in place, each transform reads what the one
+// before wrote, so for small N (up to about 2^6) the in-place columns measure the latency of one
+// transform, the out-of-place columns (same source, independent results) its throughput. All
+// repetitions of all benchmarks are shuffled so veks and FFTW share the machine's noise, and each
+// figure is the fastest batch seen over all repetitions. Defaults (overridable):
+// --benchmark_repetitions=8 (--quick: 5),
 // --benchmark_min_time=0.01 (--quick: 0.004), --benchmark_enable_random_interleaving=true.
 // VEKS_FFTW_WISDOM=<path> keeps FFTW's plans in <path>.32f / <path>.64f between runs, which saves
 // most of the planning time.
