@@ -17,8 +17,8 @@
 // transform, the out-of-place columns (same source, independent results) its throughput. All
 // repetitions of all benchmarks are shuffled so veks and FFTW share the machine's noise, and each
 // figure is the fastest batch seen over all repetitions. Defaults (overridable):
-// --benchmark_repetitions=8 (--quick: 5),
-// --benchmark_min_time=0.01 (--quick: 0.004), --benchmark_enable_random_interleaving=true.
+// --benchmark_repetitions=8 (--quick: 5), --benchmark_min_time=0.01 (--quick: 0.004),
+// --benchmark_enable_random_interleaving=true.
 // VEKS_FFTW_WISDOM=<path> keeps FFTW's plans in <path>.32f / <path>.64f between runs, which saves
 // most of the planning time.
 //
