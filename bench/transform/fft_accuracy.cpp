@@ -359,6 +359,7 @@ int main(int argc, char** argv) {
       "veks less accurate).\nFFTW plans: %s. A '*' marks a failure: veks error above %.3g x "
       "max(FFTW error, unit roundoff), a failed call or an in-place difference.\n",
       opt.fftw_flags == FFTW_MEASURE ? "FFTW_MEASURE" : "FFTW_ESTIMATE", opt.margin);
+  std::printf("Peer: %s (single), %s (double)\n", fftwf_version, fftw_version);
 #else
   std::printf(
       "Relative RMS error against a long-double reference (built without FFTW). A '*' marks a "

@@ -337,6 +337,8 @@ int main(int argc, char** argv) {
     Api<float>::read_wisdom((std::string(wisdom) + ".32f").c_str());
     Api<double>::read_wisdom((std::string(wisdom) + ".64f").c_str());
   }
+  // The version string names the SIMD instruction sets FFTW's codelets were built for.
+  std::printf("Peer: %s (single), %s (double)\n", fftwf_version, fftw_version);
   std::printf("Planning FFTW (FFTW_MEASURE) and building veks specifications, N = 2^4 .. 2^%d\n",
               max_order);
 #else
