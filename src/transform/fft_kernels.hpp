@@ -195,7 +195,8 @@ void pass_vertical(Buf<R> x, Buf<R> y, size_t n, size_t s, const R* tw) {
       for (int k = 0; k < Rad; ++k) a[k] = ld<R, W>(xk[k] + 2 * (s * p + q));
       dft<Rad, Inv>(a);
       st<R, W>(yb + 2 * q, a[0]);
-      for (int j = 1; j < Rad; ++j) st<R, W>(yb + 2 * (s * j + q), cmul<Inv>(a[j], wr[j], wi[j]));
+      for (int j = 1; j < Rad; ++j)
+        st<R, W>(yb + 2 * (s * size_t(j) + q), cmul<Inv>(a[j], wr[j], wi[j]));
     }
   }
 }
