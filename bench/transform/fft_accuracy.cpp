@@ -2,8 +2,9 @@
 // reference transform.
 //
 // For every kind (C_32fc, C_32f split, R_32f, C_64fc, C_64f split, R_64f), forward and inverse,
-// and every order from 0 to 22, one input of values uniform in [-1, 1) goes through veks (out of
-// place, unscaled: VEK_FFT_NORM_NONE), through FFTW (FFTW_ESTIMATE plans, or FFTW_MEASURE with
+// and every order from 0 to 22, inputs of values uniform in [-1, 1) (one input from order 12 up,
+// 2^(12 - order) inputs below, errors pooled over them) go through veks (out of place, unscaled:
+// VEK_FFT_NORM_NONE), through FFTW (FFTW_ESTIMATE plans, or FFTW_MEASURE with
 // --measure; FFTW's interleaved transform stands in for the split kinds) and through the
 // reference; each result's error is the relative RMS error ||y - ref|| / ||ref||. The real kinds
 // run all three packed layouts (Perm, Pack, CCS) and report the worst; the inverse real input is
@@ -87,17 +88,19 @@ void reference(std::vector<CL>& a, int sign) {
   }
 }
 
-// ||y - ref|| / ||ref|| over n reals (ref all zero: the plain norm of y).
-template <class R>
-double rel_rms(const R* y, const LD* ref, size_t n) {
+// ||y - ref|| / ||ref|| over all the results added (ref all zero: the plain norm of y).
+struct Err {
   LD num = 0, den = 0;
-  for (size_t i = 0; i < n; ++i) {
-    const LD d = static_cast<LD>(y[i]) - ref[i];
-    num += d * d;
-    den += ref[i] * ref[i];
+  template <class R>
+  void add(const R* y, const LD* ref, size_t n) {
+    for (size_t i = 0; i < n; ++i) {
+      const LD d = static_cast<LD>(y[i]) - ref[i];
+      num += d * d;
+      den += ref[i] * ref[i];
+    }
   }
-  return static_cast<double>(den > 0 ? std::sqrt(num / den) : std::sqrt(num));
-}
+  double value() const { return static_cast<double>(std::sqrt(den > 0 ? num / den : num)); }
+};
 
 // Packed real spectra of length n: layout 0 Perm, 1 Pack, 2 CCS; `ccs` holds the n / 2 + 1 bins
 // R0 I0 R1 I1 ... (ccs_len(n) reals).
@@ -140,8 +143,9 @@ void to_ccs(const R* in, R* ccs, size_t n, int layout) {
 }
 
 struct Result {
-  double veks = 0, peer = -1;  // peer < 0: not measured
-  std::string trouble;         // a failed call or an in-place difference
+  Err veks[3], peer;  // veks: per packed layout for the real kinds, else [0]
+  bool has_peer = false;
+  std::string trouble;  // a failed call or an in-place difference
 };
 
 struct Options {
@@ -150,9 +154,11 @@ struct Options {
   unsigned fftw_flags = 0;
 };
 
-// Kinds: 0 complex interleaved, 1 complex split, 2 real. One input, one direction, one order.
+// Kinds: 0 complex interleaved, 1 complex split, 2 real. One input, one direction, one order;
+// the errors are added to res.
 template <class R>
-Result measure(int kind, bool inverse, int order, const Options& opt, std::mt19937_64& gen) {
+void trial(int kind, bool inverse, int order, const Options& opt, std::mt19937_64& gen,
+           Result& res) {
   using A = Api<R>;
   using C = typename A::C;
   const size_t n = size_t{1} << order, h = n / 2;
@@ -188,7 +194,6 @@ Result measure(int kind, bool inverse, int order, const Options& opt, std::mt199
   }
 
   // Every buffer handed to veks has exactly the length the call may touch.
-  Result res;
   auto same = [&](const R* p, const R* q, size_t len, const char* what) {
     if (std::memcmp(p, q, len * sizeof(R)) != 0 && res.trouble.empty())
       res.trouble = std::string("in place differs") + what;
@@ -208,7 +213,7 @@ Result measure(int kind, bool inverse, int order, const Options& opt, std::mt199
     if (status((inverse ? A::inv_c : A::fwd_c)(cx, cy, p.spec, p.buf()), "out of place") &&
         status((inverse ? A::inv_c_i : A::fwd_c_i)(cz, p.spec, p.buf()), "in place"))
       same(y.get(), z.get(), out_len, "");
-    res.veks = rel_rms(y.get(), ref.data(), out_len);
+    res.veks[0].add(y.get(), ref.data(), out_len);
   } else if (kind == 1) {
     VeksPlan<typename A::SpecS> p(order, VEK_FFT_NORM_NONE, A::size_s, A::init_s);
     std::vector<R> re(n), im(n), ore(n), oim(n);
@@ -223,7 +228,7 @@ Result measure(int kind, bool inverse, int order, const Options& opt, std::mt199
     }
     std::vector<R> y(2 * n);
     for (size_t i = 0; i < n; ++i) y[2 * i] = ore[i], y[2 * i + 1] = oim[i];
-    res.veks = rel_rms(y.data(), ref.data(), out_len);
+    res.veks[0].add(y.data(), ref.data(), out_len);
   } else {
     VeksPlan<typename A::SpecR> p(order, VEK_FFT_NORM_NONE, A::size_r, A::init_r);
     using Fn = VekStatus (*)(const R*, R*, const typename A::SpecR*, Vek8u*);
@@ -253,7 +258,7 @@ Result measure(int kind, bool inverse, int order, const Options& opt, std::mt199
         to_ccs(y.get(), ccs.data(), n, layout);
         got = ccs.data();
       }
-      res.veks = std::max(res.veks, rel_rms(got, ref.data(), out_len));
+      res.veks[layout].add(got, ref.data(), out_len);
     }
   }
 
@@ -271,13 +276,13 @@ Result measure(int kind, bool inverse, int order, const Options& opt, std::mt199
     std::copy(x.get(), x.get() + in_len, fi.get());
     A::run(plan);
     A::destroy(plan);
-    res.peer = rel_rms(fo.get(), ref.data(), out_len);
+    res.peer.add(fo.get(), ref.data(), out_len);
+    res.has_peer = true;
   }
 #else
   (void)ni;
   (void)opt;
 #endif
-  return res;
 }
 
 template <class R>
@@ -293,7 +298,16 @@ bool run_kind(int kind, const Options& opt) {
     std::printf("%5d |", order);
     std::string notes;
     for (int inverse = 0; inverse < 2; ++inverse) {
-      const Result r = measure<R>(kind, inverse, order, opt, gen);
+      // Small orders average over several inputs (4096 points in all), so that their figures
+      // do not hang on one draw.
+      Result res;
+      for (int t = 0; t < std::max(1, 4096 >> order); ++t)
+        trial<R>(kind, inverse, order, opt, gen, res);
+      struct {
+        double veks, peer;
+        const std::string& trouble;
+      } r{std::max({res.veks[0].value(), res.veks[1].value(), res.veks[2].value()}),
+          res.has_peer ? res.peer.value() : -1, res.trouble};
       const double bound = r.peer >= 0 ? opt.margin * std::max(r.peer, unit)
                                        : opt.margin * unit * std::max(1, order);
       const bool bad = !(r.veks <= bound) || !r.trouble.empty();
@@ -345,6 +359,7 @@ int main(int argc, char** argv) {
       "veks less accurate).\nFFTW plans: %s. A '*' marks a failure: veks error above %.3g x "
       "max(FFTW error, unit roundoff), a failed call or an in-place difference.\n",
       opt.fftw_flags == FFTW_MEASURE ? "FFTW_MEASURE" : "FFTW_ESTIMATE", opt.margin);
+  std::printf("Peer: %s (single), %s (double)\n", fftwf_version, fftw_version);
 #else
   std::printf(
       "Relative RMS error against a long-double reference (built without FFTW). A '*' marks a "

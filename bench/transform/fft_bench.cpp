@@ -12,10 +12,13 @@
 // Timing: each benchmark iteration times a batch of transforms with the steady clock (the
 // clock's own cost, measured at start, is subtracted); in-place batches restart from the input
 // whenever further unscaled transforms could overflow (each multiplies the magnitude by about
-// sqrt(N)), and that refill is not timed. All repetitions of all benchmarks are shuffled so veks
-// and FFTW share the machine's noise, and each figure is the fastest batch seen over all
-// repetitions. Defaults (overridable): --benchmark_repetitions=8 (--quick: 5),
-// --benchmark_min_time=0.01 (--quick: 0.004), --benchmark_enable_random_interleaving=true.
+// sqrt(N)), and that refill is not timed. Repeated in place, each transform reads what the one
+// before wrote, so for small N (up to about 2^6) the in-place columns measure the latency of one
+// transform, the out-of-place columns (same source, independent results) its throughput. All
+// repetitions of all benchmarks are shuffled so veks and FFTW share the machine's noise, and each
+// figure is the fastest batch seen over all repetitions. Defaults (overridable):
+// --benchmark_repetitions=8 (--quick: 5), --benchmark_min_time=0.01 (--quick: 0.004),
+// --benchmark_enable_random_interleaving=true.
 // VEKS_FFTW_WISDOM=<path> keeps FFTW's plans in <path>.32f / <path>.64f between runs, which saves
 // most of the planning time.
 //
@@ -77,15 +80,17 @@ void time_case(benchmark::State& st, Case* c, int who) {
   const std::function<void(int)>& f = who == 0 ? c->veks : c->fftw;
   int since = c->limit;  // the buffer may hold another benchmark's output: refill first
   for (auto _ : st) {
-    if (c->in_place && since > c->limit - c->batch) {
-      c->refill();
-      since = 0;
+    if (c->in_place) {
+      if (since > c->limit - c->batch) {
+        c->refill();
+        since = 0;
+      }
+      since += c->batch;
     }
     const auto t0 = Clock::now();
     f(c->batch);
     benchmark::ClobberMemory();
     const auto t1 = Clock::now();
-    since += c->batch;
     const double t = std::max(std::chrono::duration<double>(t1 - t0).count() - g_clock_cost, 0.0);
     st.SetIterationTime(t);
     c->best[who] = std::min(c->best[who], t / c->batch);
@@ -332,6 +337,8 @@ int main(int argc, char** argv) {
     Api<float>::read_wisdom((std::string(wisdom) + ".32f").c_str());
     Api<double>::read_wisdom((std::string(wisdom) + ".64f").c_str());
   }
+  // The version string names the SIMD instruction sets FFTW's codelets were built for.
+  std::printf("Peer: %s (single), %s (double)\n", fftwf_version, fftw_version);
   std::printf("Planning FFTW (FFTW_MEASURE) and building veks specifications, N = 2^4 .. 2^%d\n",
               max_order);
 #else
