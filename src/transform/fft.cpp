@@ -218,10 +218,12 @@ R* work_of(const Header<R>* h, Vek8u* buffer) {
 
 // ---- real transforms --------------------------------------------------------------------------
 template <class R, int W>
-CV<R, W> conj(CV<R, W> v) {
-  CV<R, W> s;
-  for (int i = 0; i < 2 * W; ++i) s[i] = (i & 1) ? R(-1) : R(1);
-  return v * s;
+CV<R, W> conj(CV<R, W> v) {  // flips the sign bits of the imaginary lanes
+  using U = std::conditional_t<sizeof(R) == 4, uint32_t, uint64_t>;
+  typedef U UV __attribute__((vector_size(sizeof(CV<R, W>))));
+  UV m{};
+  for (int i = 1; i < 2 * W; i += 2) m[i] = U{1} << (8 * sizeof(U) - 1);
+  return reinterpret_cast<CV<R, W>>(reinterpret_cast<UV>(v) ^ m);
 }
 
 // W factors W_N^k, k = k0 .. k0 + W - 1, from a one- or two-level table (blocks never straddle
@@ -354,6 +356,81 @@ void recombine(R* d, size_t n, int order, const R* t) {
     default:
       if constexpr (Prec<R>::logv == 3) return recombine_w<R, Inv, 8>(d, n, t, two_level);
   }
+}
+
+// Real transforms of 8 .. 128 points in registers: the half-length straight-line transform and
+// the recombination of every k at once (partner M-k found by a shuffle), with no store between
+// them. Same arithmetic as recombine(); factors W_N^k (forward) or W_N^-k (inverse), k < M.
+template <class R, int Order, bool Inv>
+struct RealStraight {
+  using S = Straight<R, Order - 1, Inv, Prec<R>::logv>;
+  using V = typename S::V;
+  static constexpr int W = S::W, NV = S::NV, M = S::N;
+  // The forward factors carry the recombination's halving (exact), so that it costs nothing.
+  static constexpr auto factors = [] {
+    std::array<R, 2 * M> t{};
+    for (size_t k = 0; k < size_t{M}; ++k) {
+      twiddle(fixed_sine<R>(), 10, Order, k, t.data() + 2 * k);
+      if (Inv) t[2 * k + 1] = -t[2 * k + 1];
+      if (!Inv) t[2 * k] *= R(0.5), t[2 * k + 1] *= R(0.5);
+    }
+    return t;
+  }();
+  // conj Z[M-k-l] in lane l of block i (k = W i), Z[0] pairing with itself.
+  static V mirror(const V* z, int i) {
+    return conj<R, W>(
+        partner(z[(2 * NV - i - 1) % NV], z[(NV - i) % NV], std::make_index_sequence<2 * W>{}));
+  }
+  static void fwd(const R* src, R* dst, bool scaled, R scale) {
+    V z[NV], x[NV];
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) z[i] = ld<R, W>(src + 2 * W * i);
+    S::regs(z, SmallC<R, Order - 1, false>::tw.data(), scaled, scale);
+    const V half = splat<V>(R(0.5));
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) {  // e = (a + b) / 2 fused into the final add
+      const V a = z[i], b = mirror(z, i);
+      const V t = cmul<false>(a - b, ld<R, W>(factors.data() + 2 * W * i));
+      x[i] = fmsubadd(a + b, half, swap(t));
+    }
+    x[0][0] = z[0][0] + z[0][1];  // X[0] and X[M], both real
+    x[0][1] = z[0][0] - z[0][1];
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) st<R, W>(dst + 2 * W * i, x[i]);
+  }
+  static void inv(const R* src, R* dst, bool scaled, R scale) {
+    V x[NV], z[NV];
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) x[i] = ld<R, W>(src + 2 * W * i);
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) {
+      V a = x[i], b = mirror(x, i);
+      if (i == 0) {  // X[0] and X[M] sit in the first complex lane
+        a[1] = R(0);
+        b[0] = x[0][1];
+        b[1] = R(0);
+      }
+      z[i] = addw<true>(a + b, cmul<false>(a - b, ld<R, W>(factors.data() + 2 * W * i)));
+    }
+    S::regs(z, SmallC<R, Order - 1, true>::tw.data(), scaled, scale);
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) st<R, W>(dst + 2 * W * i, z[i]);
+  }
+};
+constexpr int kRealStraightMax = 7;
+template <class R, bool Inv, int... O>
+void real_straight_of(int order, const R* src, R* dst, bool scaled, R scale,
+                      std::integer_sequence<int, O...>) {
+  ((order == O + 3 ? (Inv ? RealStraight<R, O + 3, Inv>::inv(src, dst, scaled, scale)
+                          : RealStraight<R, O + 3, Inv>::fwd(src, dst, scaled, scale))
+                   : void()),
+   ...);
+}
+// Real orders 3 .. kRealStraightMax, Perm layout in and out.
+template <class R, bool Inv>
+void real_straight(int order, const R* src, R* dst, bool scaled, R scale) {
+  real_straight_of<R, Inv>(order, src, dst, scaled, scale,
+                           std::make_integer_sequence<int, kRealStraightMax - 2>{});
 }
 
 // Perm (native) to the requested layout, in place (CCS needs N + 2 elements).
@@ -627,8 +704,12 @@ VekStatus rfwd(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
     tiny_real_fwd<L>(order, pSrc, pDst, scaled, h->scale);
     return vekStatusOk;
   }
-  complex_pass<R, false>(h, order - 1, pSrc, pDst, work_of(h, pBuffer), scaled, h->scale);
-  recombine<R, false>(pDst, n, order, order <= 4 ? small_rec<R, false>(order) : h->rec_fwd);
+  if (order >= 3 && order <= kRealStraightMax) {
+    real_straight<R, false>(order, pSrc, pDst, scaled, h->scale);
+  } else {
+    complex_pass<R, false>(h, order - 1, pSrc, pDst, work_of(h, pBuffer), scaled, h->scale);
+    recombine<R, false>(pDst, n, order, order <= 4 ? small_rec<R, false>(order) : h->rec_fwd);
+  }
   perm_to<L>(pDst, n);
   return vekStatusOk;
 }
@@ -642,6 +723,15 @@ VekStatus rinv(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
   const bool scaled = h->inv_scaled;
   if (order <= 1) {
     tiny_real_inv<L>(order, pSrc, pDst, scaled, h->scale);
+    return vekStatusOk;
+  }
+  if (order >= 3 && order <= kRealStraightMax) {
+    const R* s = pSrc;
+    if constexpr (!std::is_same_v<L, Perm>) {
+      to_perm<L>(pSrc, pDst, n);
+      s = pDst;
+    }
+    real_straight<R, true>(order, s, pDst, scaled, h->scale);
     return vekStatusOk;
   }
   to_perm<L>(pSrc, pDst, n);

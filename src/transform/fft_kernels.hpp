@@ -279,7 +279,7 @@ struct Straight {
 
   // Vertical pass I: in x (s = stride in complex values), out y.
   template <int I, int S>
-  static inline void vertical(const V* x, V* y, const R* tw) {
+  [[gnu::always_inline]] static inline void vertical(const V* x, V* y, const R* tw) {
     constexpr int rad = p.rad[I];
     constexpr int m = N / (S * rad);
 #pragma GCC unroll 64
@@ -300,7 +300,7 @@ struct Straight {
     }
   }
   template <int I, int S>
-  static inline void rest(V* x, V* y, const R* tw, bool scaled, R scale) {
+  [[gnu::always_inline]] static inline void rest(V* x, V* y, const R* tw, bool scaled, R scale) {
     constexpr int rad = p.rad[I];
     if constexpr (I + 1 < p.nv) {
       vertical<I, S>(x, y, tw);
@@ -318,11 +318,9 @@ struct Straight {
       }
     }
   }
-  // Result in out[] (x or y depending on the pass count's parity, chosen at compile time).
-  static inline void run(const R* src, R* dst, const R* tw, bool scaled, R scale) {
-    V x[NV], y[NV];
-#pragma GCC unroll 64
-    for (int i = 0; i < NV; ++i) x[i] = ld<R, W>(src + 2 * W * i);
+  // The transform of x[] (natural order, W points per register), left in x[].
+  [[gnu::always_inline]] static inline void regs(V* x, const R* tw, bool scaled, R scale) {
+    V y[NV];
     constexpr int m = N / W;
 #pragma GCC unroll 64
     for (int b = 0; b < m / W; ++b) {
@@ -338,10 +336,20 @@ struct Straight {
       for (int k = 0; k < W; ++k) y[W * b + k] = a[k];
     }
     rest<0, W>(y, x, tw + 2 * (W - 1) * m, scaled, scale);
-    // rest() ends in x after an odd number of vertical passes' ping-pong (counting the last).
-    const V* out = (p.nv % 2 == 1) ? x : y;
+    // rest() ends in x after an odd number of vertical passes' ping-pong (counting the last);
+    // the copy costs nothing once the registers are allocated.
+    if constexpr (p.nv % 2 == 0) {
 #pragma GCC unroll 64
-    for (int i = 0; i < NV; ++i) st<R, W>(dst + 2 * W * i, out[i]);
+      for (int i = 0; i < NV; ++i) x[i] = y[i];
+    }
+  }
+  static inline void run(const R* src, R* dst, const R* tw, bool scaled, R scale) {
+    V x[NV];
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) x[i] = ld<R, W>(src + 2 * W * i);
+    regs(x, tw, scaled, scale);
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) st<R, W>(dst + 2 * W * i, x[i]);
   }
 };
 
