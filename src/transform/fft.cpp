@@ -462,32 +462,6 @@ void to_perm(const R* s, R* d, size_t n) {
   }
 }
 
-// Recombination factors of the real transforms up to 16 points (no tables in their
-// specifications): W_N^k and W_N^-k, k < N/4, interleaved as in the specification's tables.
-template <class R, int Order>
-struct SmallRec {
-  static constexpr auto fwd = [] {
-    std::array<R, 2 * ((1 << Order) / 4) + 2> t{};
-    for (size_t k = 0; k < (size_t{1} << Order) / 4; ++k) {
-      twiddle(fixed_sine<R>(), 10, Order, k, t.data() + 2 * k);
-    }
-    return t;
-  }();
-  static constexpr auto inv = [] {
-    auto t = fwd;
-    for (size_t i = 1; i < t.size(); i += 2) t[i] = -t[i];
-    return t;
-  }();
-};
-template <class R, bool Inv>
-const R* small_rec(int order) {
-  switch (order) {
-    case 2: return (Inv ? SmallRec<R, 2>::inv : SmallRec<R, 2>::fwd).data();
-    case 3: return (Inv ? SmallRec<R, 3>::inv : SmallRec<R, 3>::fwd).data();
-    default: return (Inv ? SmallRec<R, 4>::inv : SmallRec<R, 4>::fwd).data();
-  }
-}
-
 // One or two points: the spectrum is the sum (and the difference).
 template <class L, class R>
 void tiny_real_fwd(int order, const R* src, R* dst, bool scaled, R scale) {
@@ -708,7 +682,7 @@ VekStatus rfwd(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
     real_straight<R, false>(order, pSrc, pDst, scaled, h->scale);
   } else {
     complex_pass<R, false>(h, order - 1, pSrc, pDst, work_of(h, pBuffer), scaled, h->scale);
-    recombine<R, false>(pDst, n, order, order <= 4 ? small_rec<R, false>(order) : h->rec_fwd);
+    recombine<R, false>(pDst, n, order, h->rec_fwd);  // none at order 2: it reads no factor
   }
   perm_to<L>(pDst, n);
   return vekStatusOk;
@@ -735,7 +709,7 @@ VekStatus rinv(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
     return vekStatusOk;
   }
   to_perm<L>(pSrc, pDst, n);
-  recombine<R, true>(pDst, n, order, order <= 4 ? small_rec<R, true>(order) : h->rec_inv);
+  recombine<R, true>(pDst, n, order, h->rec_inv);  // none at order 2: it reads no factor
   complex_pass<R, true>(h, order - 1, pDst, pDst, work_of(h, pBuffer), scaled, h->scale);
   return vekStatusOk;
 }
