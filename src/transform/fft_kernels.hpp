@@ -268,7 +268,7 @@ void run_plan(const Plan& p, Buf<R> src, Buf<R> dst, Buf<R> scr, const R* tw, bo
   }
 }
 
-// ---- straight-line kernels for up to 64 points ------------------------------------------------
+// ---- straight-line kernels (up to 512 points in float, 256 in double) -------------------------
 // The same passes with the whole transform held in registers: every index is a compile-time
 // constant, so the passes reduce to butterflies on named registers and the transposes.
 template <class R, int Order, bool Inv, int Logv>

@@ -37,11 +37,11 @@ template <class R>
 struct Prec;
 template <>
 struct Prec<float> {
-  static constexpr int logv = 3, mid_max = 18, rec_two_level = 19, straight_max = 8;
+  static constexpr int logv = 3, mid_max = 18, rec_two_level = 19, straight_max = 9;
 };
 template <>
 struct Prec<double> {
-  static constexpr int logv = 2, mid_max = 17, rec_two_level = 19, straight_max = 7;
+  static constexpr int logv = 2, mid_max = 17, rec_two_level = 19, straight_max = 8;
 };
 
 constexpr int64_t ru64(int64_t x) { return (x + 63) & ~int64_t{63}; }
