@@ -417,14 +417,72 @@ struct RealStraight {
     for (int i = 0; i < NV; ++i) st<R, W>(dst + 2 * W * i, z[i]);
   }
 };
+// Real transforms of 8 .. 2^kRealFullMax points as complex transforms of the same length with
+// zero imaginary parts: at these sizes the full-width complex kernels beat the half-length path,
+// and they are as accurate as the complex kinds. The inverse completes the spectrum by symmetry
+// (X[N-k] = conj X[k]) and keeps the real parts.
+template <class R, int Order, bool Inv>
+struct RealFull {
+  using S = Straight<R, Order, Inv, Prec<R>::logv>;
+  using V = typename S::V;
+  static constexpr int W = S::W, NV = S::NV, H = NV / 2;
+  using Half = CV<R, W / 2>;  // W reals
+  // (x[l], 0) in complex lane l.
+  template <size_t... I>
+  static V widen(Half h, std::index_sequence<I...>) {
+    return __builtin_shufflevector(h, Half{}, (I % 2 ? size_t{W} : I / 2)...);
+  }
+  // The real lanes of a and b, in order.
+  template <size_t... I>
+  static V reals(V a, V b, std::index_sequence<I...>) {
+    return __builtin_shufflevector(a, b, (2 * I)...);
+  }
+  static const R* tw() { return SmallC<R, Order, Inv>::tw.data(); }
+
+  static void fwd(const R* src, R* dst, bool scaled, R scale) {
+    V z[NV];
+#pragma GCC unroll 64
+    for (int i = 0; i < NV; ++i) {
+      Half h;
+      std::memcpy(&h, src + W * i, sizeof h);
+      z[i] = widen(h, std::make_index_sequence<2 * W>{});
+    }
+    S::regs(z, tw(), scaled, scale);
+    z[0][1] = z[H][0];  // X[M] is real: it takes the imaginary slot of X[0]
+#pragma GCC unroll 64
+    for (int i = 0; i < H; ++i) st<R, W>(dst + 2 * W * i, z[i]);
+  }
+  static void inv(const R* src, R* dst, bool scaled, R scale) {
+    V z[NV];
+#pragma GCC unroll 64
+    for (int i = 0; i < H; ++i) z[i] = ld<R, W>(src + 2 * W * i);
+    const R xm = z[0][1];
+    z[0][1] = R(0);
+#pragma GCC unroll 64
+    for (int j = 0; j < H; ++j) {  // Y[M + jW + l] = conj X[M - jW - l]
+      z[H + j] =
+          conj<R, W>(partner(z[H - j - 1], z[(H - j) % H], std::make_index_sequence<2 * W>{}));
+    }
+    z[H][0] = xm;
+    z[H][1] = R(0);
+    S::regs(z, tw(), scaled, scale);
+#pragma GCC unroll 64
+    for (int i = 0; i < H; ++i) {
+      st<R, W>(dst + 2 * W * i, reals(z[2 * i], z[2 * i + 1], std::make_index_sequence<2 * W>{}));
+    }
+  }
+};
+constexpr int kRealFullMax = 6;
 constexpr int kRealStraightMax = 7;
 template <class R, bool Inv, int... O>
 void real_straight_of(int order, const R* src, R* dst, bool scaled, R scale,
                       std::integer_sequence<int, O...>) {
-  ((order == O + 3 ? (Inv ? RealStraight<R, O + 3, Inv>::inv(src, dst, scaled, scale)
-                          : RealStraight<R, O + 3, Inv>::fwd(src, dst, scaled, scale))
-                   : void()),
-   ...);
+  auto one = [&]<int Order>() {
+    using K = std::conditional_t<(Order <= kRealFullMax), RealFull<R, Order, Inv>,
+                                 RealStraight<R, Order, Inv>>;
+    Inv ? K::inv(src, dst, scaled, scale) : K::fwd(src, dst, scaled, scale);
+  };
+  ((order == O + 3 ? one.template operator()<O + 3>() : void()), ...);
 }
 // Real orders 3 .. kRealStraightMax, Perm layout in and out.
 template <class R, bool Inv>
