@@ -358,9 +358,10 @@ void recombine(R* d, size_t n, int order, const R* t) {
   }
 }
 
-// Real transforms of 8 .. 128 points in registers: the half-length straight-line transform and
-// the recombination of every k at once (partner M-k found by a shuffle), with no store between
-// them. Same arithmetic as recombine(); factors W_N^k (forward) or W_N^-k (inverse), k < M.
+// Real transforms of up to 128 points in registers (those above kRealFullMax): the half-length
+// straight-line transform and the recombination of every k at once (partner M-k found by a
+// shuffle), with no store between them. Same arithmetic as recombine(); factors W_N^k (forward) or
+// W_N^-k (inverse), k < M.
 template <class R, int Order, bool Inv>
 struct RealStraight {
   using S = Straight<R, Order - 1, Inv, Prec<R>::logv>;
@@ -484,7 +485,7 @@ void real_straight_of(int order, const R* src, R* dst, bool scaled, R scale,
   };
   ((order == O + 3 ? one.template operator()<O + 3>() : void()), ...);
 }
-// Real orders 3 .. kRealStraightMax, Perm layout in and out.
+// Real orders 3 .. kRealStraightMax in registers, Perm layout in and out.
 template <class R, bool Inv>
 void real_straight(int order, const R* src, R* dst, bool scaled, R scale) {
   real_straight_of<R, Inv>(order, src, dst, scaled, scale,
