@@ -87,37 +87,17 @@ inline constexpr int kRoundings[] = {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TO
 template <class F>
 std::vector<long double> float_edges(long double lo, long double hi) {
   const long double inf = std::numeric_limits<long double>::infinity();
-  std::vector<long double> v = {lo - 1,
-                                lo - 0.5L,
-                                lo,
-                                lo + 0.5L,
-                                lo + 1,
-                                hi - 1,
-                                hi - 0.5L,
-                                hi,
-                                hi + 0.5L,
-                                hi + 1,
-                                0.0L,
+  std::vector<long double> v = {0.0L,
                                 -0.0L,
-                                0.5L,
-                                -0.5L,
-                                1.5L,
-                                -1.5L,
-                                2.5L,
-                                -2.5L,
-                                0.49999997L,
-                                -0.49999997L,
-                                3.5L,
-                                -3.5L,
-                                1.0L,
-                                -1.0L,
                                 inf,
                                 -inf,
-                                std::numeric_limits<F>::denorm_min(),
-                                -std::numeric_limits<F>::denorm_min(),
                                 std::numeric_limits<F>::max(),
                                 std::numeric_limits<F>::lowest(),
                                 std::numeric_limits<long double>::quiet_NaN()};
+  for (long double d : {-1.0L, -0.5L, 0.0L, 0.5L, 1.0L}) v.insert(v.end(), {lo + d, hi + d});
+  for (long double x : {0.5L, 1.5L, 2.5L, 3.5L, 1.0L, 0.49999997L,
+                        static_cast<long double>(std::numeric_limits<F>::denorm_min())})
+    v.insert(v.end(), {x, -x});
   for (int e : {15, 16, 23, 24, 31, 32, 52, 53, 63, 64})
     for (long double s : {1.0L, -1.0L}) v.push_back(s * std::ldexp(1.0L, e));
   return v;

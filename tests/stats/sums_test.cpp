@@ -288,6 +288,11 @@ TEST(IntegerSums, ThirtyTwoBitSumsAndMeans) {
 
 // ---- norms -------------------------------------------------------------------------------------
 
+// The norm of a, or (diff) of a - b; every call must succeed.
+#define NORMS(K, a, b, ...)                                                                  \
+  ASSERT_EQ(diff ? veksNormDiff_##K(a, b, n, __VA_ARGS__) : veksNorm_##K(a, n, __VA_ARGS__), \
+            vekStatusOk)
+
 template <class T>
 struct RealNorms {
   LD inf = 0, l1 = 0, l2 = 0;
@@ -315,21 +320,12 @@ TEST(Norms, FloatingPointNormsAndNormsOfDifferences) {
       const RealNorms<double> d(da, diff ? &db : nullptr);
       Vek32f i32, l132, l232;
       Vek64f i64, l164, l264;
-      if (diff) {
-        veksNormDiff_Inf_32f(ga.data(), gb.data(), n, &i32);
-        veksNormDiff_L1_32f(ga.data(), gb.data(), n, &l132);
-        veksNormDiff_L2_32f(ga.data(), gb.data(), n, &l232);
-        veksNormDiff_Inf_64f(gad.data(), gbd.data(), n, &i64);
-        veksNormDiff_L1_64f(gad.data(), gbd.data(), n, &l164);
-        veksNormDiff_L2_64f(gad.data(), gbd.data(), n, &l264);
-      } else {
-        veksNorm_Inf_32f(ga.data(), n, &i32);
-        veksNorm_L1_32f(ga.data(), n, &l132);
-        veksNorm_L2_32f(ga.data(), n, &l232);
-        veksNorm_Inf_64f(gad.data(), n, &i64);
-        veksNorm_L1_64f(gad.data(), n, &l164);
-        veksNorm_L2_64f(gad.data(), n, &l264);
-      }
+      NORMS(Inf_32f, ga.data(), gb.data(), &i32);
+      NORMS(L1_32f, ga.data(), gb.data(), &l132);
+      NORMS(L2_32f, ga.data(), gb.data(), &l232);
+      NORMS(Inf_64f, gad.data(), gbd.data(), &i64);
+      NORMS(L1_64f, gad.data(), gbd.data(), &l164);
+      NORMS(L2_64f, gad.data(), gbd.data(), &l264);
       // The difference is rounded once per element before it is used.
       const LD e32 = (diff ? 1 : 0) * kEps32, e64 = (diff ? 1 : 0) * kEps64;
       EXPECT_TRUE(near(i32, r.inf, e32 * r.inf)) << n << " diff " << diff;
@@ -360,21 +356,12 @@ TEST(Norms, FloatingPointNormsAndNormsOfDifferences) {
       const auto* wb = reinterpret_cast<const Vek64fc*>(gbd.data());
       Vek32f inf32;
       Vek64f l1, l2, inf64, l1d, l2d;
-      if (diff) {
-        veksNormDiff_Inf_32fc32f(za, zb, n, &inf32);
-        veksNormDiff_L1_32fc64f(za, zb, n, &l1);
-        veksNormDiff_L2_32fc64f(za, zb, n, &l2);
-        veksNormDiff_Inf_64fc64f(wa, wb, n, &inf64);
-        veksNormDiff_L1_64fc64f(wa, wb, n, &l1d);
-        veksNormDiff_L2_64fc64f(wa, wb, n, &l2d);
-      } else {
-        veksNorm_Inf_32fc32f(za, n, &inf32);
-        veksNorm_L1_32fc64f(za, n, &l1);
-        veksNorm_L2_32fc64f(za, n, &l2);
-        veksNorm_Inf_64fc64f(wa, n, &inf64);
-        veksNorm_L1_64fc64f(wa, n, &l1d);
-        veksNorm_L2_64fc64f(wa, n, &l2d);
-      }
+      NORMS(Inf_32fc32f, za, zb, &inf32);
+      NORMS(L1_32fc64f, za, zb, &l1);
+      NORMS(L2_32fc64f, za, zb, &l2);
+      NORMS(Inf_64fc64f, wa, wb, &inf64);
+      NORMS(L1_64fc64f, wa, wb, &l1d);
+      NORMS(L2_64fc64f, wa, wb, &l2d);
       EXPECT_TRUE(near(inf32, std::sqrt(ci), 4 * kEps32 * std::sqrt(ci))) << n;
       EXPECT_TRUE(near(l1, c1, (n + 8) * 2 * kEps64 * c1)) << n;
       EXPECT_TRUE(near(l2, std::sqrt(c2), (n + 8) * kEps64 * std::sqrt(c2))) << n;
@@ -402,15 +389,9 @@ TEST(Norms, SixteenBitNormsAreExact) {
         inf = std::max(inf, ax), l1 += ax, l2 += x * x;
       }
       Vek32f fi, f1, f2;
-      if (diff) {
-        veksNormDiff_Inf_16s32f(a.data(), b.data(), n, &fi);
-        veksNormDiff_L1_16s32f(a.data(), b.data(), n, &f1);
-        veksNormDiff_L2_16s32f(a.data(), b.data(), n, &f2);
-      } else {
-        veksNorm_Inf_16s32f(a.data(), n, &fi);
-        veksNorm_L1_16s32f(a.data(), n, &f1);
-        veksNorm_L2_16s32f(a.data(), n, &f2);
-      }
+      NORMS(Inf_16s32f, a.data(), b.data(), &fi);
+      NORMS(L1_16s32f, a.data(), b.data(), &f1);
+      NORMS(L2_16s32f, a.data(), b.data(), &f2);
       EXPECT_EQ(fi, static_cast<float>(inf));
       EXPECT_EQ(f1, static_cast<float>(static_cast<int64_t>(l1)));
       EXPECT_TRUE(
@@ -418,19 +399,11 @@ TEST(Norms, SixteenBitNormsAreExact) {
       for (int sf : kScaleFactors) {
         Vek32s si, s1, s2;
         Vek64s w1, w2;
-        if (diff) {
-          veksNormDiff_Inf_16s32s_Sfs(a.data(), b.data(), n, &si, sf);
-          veksNormDiff_L1_16s32s_Sfs(a.data(), b.data(), n, &s1, sf);
-          veksNormDiff_L2_16s32s_Sfs(a.data(), b.data(), n, &s2, sf);
-          veksNormDiff_L1_16s64s_Sfs(a.data(), b.data(), n, &w1, sf);
-          veksNormDiff_L2Sqr_16s64s_Sfs(a.data(), b.data(), n, &w2, sf);
-        } else {
-          veksNorm_Inf_16s32s_Sfs(a.data(), n, &si, sf);
-          veksNorm_L1_16s32s_Sfs(a.data(), n, &s1, sf);
-          veksNorm_L2_16s32s_Sfs(a.data(), n, &s2, sf);
-          veksNorm_L1_16s64s_Sfs(a.data(), n, &w1, sf);
-          veksNorm_L2Sqr_16s64s_Sfs(a.data(), n, &w2, sf);
-        }
+        NORMS(Inf_16s32s_Sfs, a.data(), b.data(), &si, sf);
+        NORMS(L1_16s32s_Sfs, a.data(), b.data(), &s1, sf);
+        NORMS(L2_16s32s_Sfs, a.data(), b.data(), &s2, sf);
+        NORMS(L1_16s64s_Sfs, a.data(), b.data(), &w1, sf);
+        NORMS(L2Sqr_16s64s_Sfs, a.data(), b.data(), &w2, sf);
         EXPECT_EQ(si, scaled<Vek32s>(inf, sf)) << n << " sf " << sf;
         EXPECT_EQ(s1, scaled<Vek32s>(l1, sf)) << n << " sf " << sf;
         EXPECT_EQ(w1, scaled<Vek64s>(l1, sf)) << n << " sf " << sf;
