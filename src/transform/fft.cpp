@@ -483,13 +483,13 @@ void real_straight_of(int order, const R* src, R* dst, bool scaled, R scale,
                                  RealStraight<R, Order, Inv>>;
     Inv ? K::inv(src, dst, scaled, scale) : K::fwd(src, dst, scaled, scale);
   };
-  ((order == O + 3 ? one.template operator()<O + 3>() : void()), ...);
+  ((order == O + 6 ? one.template operator()<O + 6>() : void()), ...);
 }
-// Real orders 3 .. kRealStraightMax in registers, Perm layout in and out.
+// Real orders 6 .. kRealStraightMax in registers, Perm layout in and out.
 template <class R, bool Inv>
 void real_straight(int order, const R* src, R* dst, bool scaled, R scale) {
   real_straight_of<R, Inv>(order, src, dst, scaled, scale,
-                           std::make_integer_sequence<int, kRealStraightMax - 2>{});
+                           std::make_integer_sequence<int, kRealStraightMax - 5>{});
 }
 
 // Perm (native) to the requested layout, in place (CCS needs N + 2 elements).
@@ -552,6 +552,74 @@ void tiny_real_inv(int order, const R* src, R* dst, bool scaled, R scale) {
   dst[0] = scaled ? (a + b) * scale : a + b;
   dst[1] = scaled ? (a - b) * scale : a - b;
 }
+
+// Real kernels of orders 0 .. 5 from per-order tables (one set per layout); they write the
+// requested layout themselves and fold the scale in.
+template <class R, class L, int Order, bool Inv>
+struct SmallR {
+  static void run(const R* src, R* dst, bool scaled, R scale) {
+    constexpr size_t n = size_t{1} << Order;
+    if constexpr (Order <= 1) {
+      if constexpr (Inv) {
+        tiny_real_inv<L>(Order, src, dst, scaled, scale);
+      } else {
+        tiny_real_fwd<L>(Order, src, dst, scaled, scale);
+      }
+    } else if constexpr (!Inv) {
+      if constexpr (Order == 2) {
+        small_complex<R, false>(1, src, dst, scaled, scale);
+        recombine<R, false>(dst, n, 2, nullptr);  // reads no factor at this order
+      } else {
+        RealFull<R, Order, false>::fwd(src, dst, scaled, scale);
+      }
+      perm_to<L>(dst, n);
+    } else if constexpr (Order == 2) {
+      to_perm<L>(src, dst, n);
+      recombine<R, true>(dst, n, 2, nullptr);
+      small_complex<R, true>(1, dst, dst, scaled, scale);
+    } else {
+      const R* s = src;
+      if constexpr (!std::is_same_v<L, Perm>) {
+        to_perm<L>(src, dst, n);
+        s = dst;
+      }
+      RealFull<R, Order, true>::inv(s, dst, scaled, scale);
+    }
+  }
+  static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }
+  static void scaled(const R* src, R* dst, R scale) { run(src, dst, true, scale); }
+};
+template <class R, class L, bool Inv, int... O>
+constexpr std::array<SmallFn<R>, 6> small_real_plain(std::integer_sequence<int, O...>) {
+  return {&SmallR<R, L, O, Inv>::plain...};
+}
+template <class R, class L, bool Inv, int... O>
+constexpr std::array<SmallScaleFn<R>, 6> small_real_scaled(std::integer_sequence<int, O...>) {
+  return {&SmallR<R, L, O, Inv>::scaled...};
+}
+template <class R, class L>
+constexpr auto tbl_rFFTfwd_small =
+    small_real_plain<R, L, false>(std::make_integer_sequence<int, 6>{});
+template <class R, class L>
+constexpr auto tbl_rFFTfwd_small_scale =
+    small_real_scaled<R, L, false>(std::make_integer_sequence<int, 6>{});
+template <class R, class L>
+constexpr auto tbl_rFFTinv_small =
+    small_real_plain<R, L, true>(std::make_integer_sequence<int, 6>{});
+template <class R, class L>
+constexpr auto tbl_rFFTinv_small_scale =
+    small_real_scaled<R, L, true>(std::make_integer_sequence<int, 6>{});
+
+template <class R, class L, bool Inv>
+void real_small(int order, const R* src, R* dst, bool scaled, R scale) {
+  if (scaled) {
+    (Inv ? tbl_rFFTinv_small_scale<R, L> : tbl_rFFTfwd_small_scale<R, L>)[size_t(order)](src, dst,
+                                                                                         scale);
+  } else {
+    (Inv ? tbl_rFFTinv_small<R, L> : tbl_rFFTfwd_small<R, L>)[size_t(order)](src, dst);
+  }
+}
+constexpr int kRealSmallMax = 5;
 
 }  // namespace
 
@@ -733,11 +801,11 @@ VekStatus rfwd(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
   const int order = h->order;
   const size_t n = size_t{1} << order;
   const bool scaled = h->fwd_scaled;
-  if (order <= 1) {
-    tiny_real_fwd<L>(order, pSrc, pDst, scaled, h->scale);
+  if (order <= kRealSmallMax) {
+    real_small<R, L, false>(order, pSrc, pDst, scaled, h->scale);
     return vekStatusOk;
   }
-  if (order >= 3 && order <= kRealStraightMax) {
+  if (order <= kRealStraightMax) {
     real_straight<R, false>(order, pSrc, pDst, scaled, h->scale);
   } else {
     complex_pass<R, false>(h, order - 1, pSrc, pDst, work_of(h, pBuffer), scaled, h->scale);
@@ -754,11 +822,11 @@ VekStatus rinv(const R* pSrc, R* pDst, const Spec* pFFTSpec, Vek8u* pBuffer) {
   const int order = h->order;
   const size_t n = size_t{1} << order;
   const bool scaled = h->inv_scaled;
-  if (order <= 1) {
-    tiny_real_inv<L>(order, pSrc, pDst, scaled, h->scale);
+  if (order <= kRealSmallMax) {
+    real_small<R, L, true>(order, pSrc, pDst, scaled, h->scale);
     return vekStatusOk;
   }
-  if (order >= 3 && order <= kRealStraightMax) {
+  if (order <= kRealStraightMax) {
     const R* s = pSrc;
     if constexpr (!std::is_same_v<L, Perm>) {
       to_perm<L>(pSrc, pDst, n);
