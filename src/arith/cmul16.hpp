@@ -5,7 +5,7 @@
 // halve before they add their rounding constant, so nothing overflows.
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include "frame/check.hpp"
 #include "frame/fill.hpp"

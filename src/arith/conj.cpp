@@ -2,7 +2,7 @@
 // vectors, masked heads and tails, nothing outside the caller's ranges touched.
 #include "arith/conj.hpp"
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <cstdint>
 #include <type_traits>

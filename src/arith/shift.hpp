@@ -5,7 +5,7 @@
 // and drop the bits that crossed into the neighbouring byte.
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <algorithm>
 #include <type_traits>

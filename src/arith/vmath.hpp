@@ -5,7 +5,7 @@
 #pragma once
 
 // clang-format off
-#include "arith/intrin.hpp"  // first: before anything else includes <immintrin.h>
+#include "frame/intrin.hpp"  // first: before anything else includes <immintrin.h>
 // clang-format on
 
 #include <cstdint>

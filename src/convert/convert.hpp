@@ -3,7 +3,7 @@
 // complex packing helpers. Each is one generic routine instantiated per export by the manifest.
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -5,7 +5,7 @@
 // denormals-are-zero).
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 namespace veks {
 

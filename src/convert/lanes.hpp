@@ -4,7 +4,7 @@
 // outside them is read or written.
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,13 +15,6 @@
 #include "frame/map.hpp"
 #include "vekcore.h"
 #include "veks.h"
-
-// g++ 12 reports the deliberately undefined upper lanes inside its own AVX-512 conversion
-// intrinsics as uninitialized once they are inlined here (the build already silences the "maybe"
-// form of the same report).
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#endif
 
 namespace veks::cvt {
 

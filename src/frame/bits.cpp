@@ -1,6 +1,6 @@
 #include "frame/bits.hpp"
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <cstdint>
 #include <cstring>

@@ -3,7 +3,7 @@
 // outside [dst, dst + n) is touched and no source byte outside [src, src + n) is read.
 #include "frame/fill.hpp"
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <cstdint>
 #include <cstring>

@@ -2,7 +2,7 @@
 // (tails, references) and on 512-bit vectors of the same element type.
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -6,7 +6,7 @@
 // 1) computed directly in 16-bit lanes.
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include "frame/scale.hpp"
 #include "frame/simd.hpp"

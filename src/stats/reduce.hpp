@@ -3,7 +3,7 @@
 // the integer finishing rules (power-of-two factors, rounding shifts, saturation).
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <algorithm>
 #include <cmath>

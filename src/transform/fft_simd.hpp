@@ -3,7 +3,7 @@
 // 512-bit register down to a single value.
 #pragma once
 
-#include <immintrin.h>
+#include "frame/intrin.hpp"
 
 #include <cmath>
 #include <cstddef>
