@@ -144,7 +144,8 @@ size_t find_first(const T* p, size_t from, size_t to, Key key, Hit hit) {
   }
   for (; i < to; i += N) {
     const size_t c = std::min(N, to - i);
-    const uint64_t b = lane_mask(hit(key(simd::load_first<N>(p + i, c)))) & _bzhi_u64(~0ULL, static_cast<unsigned>(c));
+    const uint64_t b = lane_mask(hit(key(simd::load_first<N>(p + i, c)))) &
+                       _bzhi_u64(~0ULL, static_cast<unsigned>(c));
     if (b != 0) return i + static_cast<size_t>(std::countr_zero(b));
   }
   return to;

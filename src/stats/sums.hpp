@@ -40,7 +40,8 @@ inline void each_widened(const float* p, size_t n, F&& f) {
 #pragma GCC unroll 8
     for (size_t k = 0; k < 8; ++k) f(k, widen8(p + i + 8 * k));
   }
-  for (size_t k = 0; i < n; ++k, i += 8) f(k, i + 8 <= n ? widen8(p + i) : widen8_first(p + i, n - i));
+  for (size_t k = 0; i < n; ++k, i += 8)
+    f(k, i + 8 <= n ? widen8(p + i) : widen8_first(p + i, n - i));
 }
 
 inline F16 fmadd(F16 a, F16 b, F16 c) {
