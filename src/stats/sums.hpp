@@ -78,8 +78,11 @@ void sum_accurate(const float* f, size_t m, double* out) {
     widen(simd::load_first<16>(f, h), lo, hi);
     sum_comps<C>(lo + hi, head);
   }
+  // x * 1 + acc is acc + x rounded once, run on the multiply-add units: the adders share their
+  // port with the conversions, which are the bottleneck here.
+  const D8 one = simd::splat<D8>(1);
   D8 acc[8] = {};
-  each_widened(f + h, m - h, [&](size_t k, D8 x) { acc[k] += x; });
+  each_widened(f + h, m - h, [&](size_t k, D8 x) { acc[k] = fmadd(x, one, acc[k]); });
   sum_comps<C>(tree_sum<8>(acc), out);
   for (size_t k = 0; k < C; ++k) out[k] += head[k];
 }
