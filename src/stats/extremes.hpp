@@ -93,12 +93,6 @@ inline V pick_lanes(V v, V m) {
   }
 }
 
-// Whether any lane of a 512-bit comparison result is set.
-template <class M>
-inline bool any_lane(M m) {
-  return _mm512_movepi8_mask(reinterpret_cast<__m512i>(m)) != 0;
-}
-
 // Lanes 0..N-1 as a vector of unsigned integers of the lane width of V.
 template <class V>
 inline auto lane_iota() {
@@ -112,27 +106,46 @@ inline auto lane_iota() {
   return v;
 }
 
-// The bits of the lanes of a 512-bit comparison result, lane 0 lowest.
-template <class M>
-inline uint64_t lane_mask(M m) {
-  const __m512i v = reinterpret_cast<__m512i>(m);
-  if constexpr (sizeof(lane_t<M>) == 1) {
-    return _mm512_movepi8_mask(v);
-  } else if constexpr (sizeof(lane_t<M>) == 2) {
-    return _mm512_movepi16_mask(v);
-  } else if constexpr (sizeof(lane_t<M>) == 4) {
-    return _mm512_movepi32_mask(v);
+enum class Cmp { eq, lt, gt, unord };
+
+// The lanes of a `c` b as bits, lane 0 lowest: one comparison into a mask register (a vector
+// comparison result would take two more instructions to become a mask).
+template <Cmp c, class V>
+inline uint64_t cmp_mask(V a, V b) {
+  using T = lane_t<V>;
+  if constexpr (std::is_floating_point_v<T>) {
+    constexpr int p = c == Cmp::eq   ? _CMP_EQ_OQ
+                      : c == Cmp::lt ? _CMP_LT_OQ
+                      : c == Cmp::gt ? _CMP_GT_OQ
+                                     : _CMP_UNORD_Q;
+    if constexpr (sizeof(T) == 4) {
+      return _mm512_cmp_ps_mask(reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b), p);
+    } else {
+      return _mm512_cmp_pd_mask(reinterpret_cast<__m512d>(a), reinterpret_cast<__m512d>(b), p);
+    }
   } else {
-    return _mm512_movepi64_mask(v);
+    static_assert(c != Cmp::unord, "integers are always ordered");
+    constexpr int p = c == Cmp::eq ? _MM_CMPINT_EQ : c == Cmp::lt ? _MM_CMPINT_LT : _MM_CMPINT_NLE;
+    const __m512i x = reinterpret_cast<__m512i>(a), y = reinterpret_cast<__m512i>(b);
+    constexpr bool s = std::is_signed_v<T>;
+    if constexpr (sizeof(T) == 1) {
+      return s ? _mm512_cmp_epi8_mask(x, y, p) : _mm512_cmp_epu8_mask(x, y, p);
+    } else if constexpr (sizeof(T) == 2) {
+      return s ? _mm512_cmp_epi16_mask(x, y, p) : _mm512_cmp_epu16_mask(x, y, p);
+    } else if constexpr (sizeof(T) == 4) {
+      return s ? _mm512_cmp_epi32_mask(x, y, p) : _mm512_cmp_epu32_mask(x, y, p);
+    } else {
+      return s ? _mm512_cmp_epi64_mask(x, y, p) : _mm512_cmp_epu64_mask(x, y, p);
+    }
   }
 }
 
-// Index of the first element in [from, to) of p whose key satisfies hit (a lane-wise predicate
-// on key vectors), or `to`. Four vectors are tested per step (one branch for all four).
+// Index of the first element in [from, to) of p whose key satisfies hit (key vector -> lane
+// mask), or `to`. Four vectors are tested per step (one branch for all four).
 template <class T, class Key, class Hit>
 size_t find_first(const T* p, size_t from, size_t to, Key key, Hit hit) {
   constexpr size_t N = 64 / sizeof(T);
-  auto bits = [&](size_t i) { return lane_mask(hit(key(simd::load<N>(p + i)))); };
+  auto bits = [&](size_t i) { return hit(key(simd::load<N>(p + i))); };
   size_t i = from;
   for (; i + 4 * N <= to; i += 4 * N) {
     const uint64_t b[4] = {bits(i), bits(i + N), bits(i + 2 * N), bits(i + 3 * N)};
@@ -144,8 +157,8 @@ size_t find_first(const T* p, size_t from, size_t to, Key key, Hit hit) {
   }
   for (; i < to; i += N) {
     const size_t c = std::min(N, to - i);
-    const uint64_t b = lane_mask(hit(key(simd::load_first<N>(p + i, c)))) &
-                       _bzhi_u64(~0ULL, static_cast<unsigned>(c));
+    const uint64_t b =
+        hit(key(simd::load_first<N>(p + i, c))) & _bzhi_u64(~0ULL, static_cast<unsigned>(c));
     if (b != 0) return i + static_cast<size_t>(std::countr_zero(b));
   }
   return to;
@@ -168,7 +181,7 @@ struct LaneRecord {
   explicit LaneRecord(lane_t<V> start) : best(simd::splat<V>(start)) {}
 
   void update(V m, uint32_t chunk) {
-    const uint64_t better = lane_mask(kMax ? m > best : m < best);
+    const uint64_t better = cmp_mask < kMax ? Cmp::gt : Cmp::lt > (m, best);
     best = pick_lanes<kMax>(m, best);
     const __m512i c = _mm512_set1_epi32(static_cast<int>(chunk));
     for (size_t j = 0; j < kIds; ++j)
@@ -185,7 +198,7 @@ struct LaneRecord {
     }
   }
   size_t chunk(lane_t<V> v) const {
-    const uint64_t at = lane_mask(best == v);
+    const uint64_t at = cmp_mask<Cmp::eq>(best, simd::splat<V>(v));
     uint32_t c = UINT32_MAX;
     for (size_t j = 0; j < kIds; ++j) {
       const auto mine = reinterpret_cast<Ids>(
@@ -251,8 +264,9 @@ Found search(const T* p, size_t n) {
     }
     if constexpr (kFloat) {
       const V sum = tree_sum<4>(probe);
-      if (any_lane(sum != sum)) {  // a NaN, or infinities that cancelled: look
-        const size_t at = find_first(q, 0, len, key, [](auto x) { return x != x; });
+      if (cmp_mask<Cmp::unord>(sum, sum) != 0) {  // a NaN, or infinities that cancelled: look
+        const size_t at =
+            find_first(q, 0, len, key, [](auto x) { return cmp_mask<Cmp::unord>(x, x); });
         if (at < len) return {c + at, c + at};
       }
     }
@@ -264,12 +278,14 @@ Found search(const T* p, size_t n) {
   if constexpr (kMin) {
     const K v = rmin.value();
     const size_t at = rmin.chunk(v) * kChunk;
-    f.imin = find_first(p, at, std::min(n, at + kChunk), key, [&](auto x) { return x == v; });
+    f.imin = find_first(p, at, std::min(n, at + kChunk), key,
+                        [&](auto x) { return cmp_mask<Cmp::eq>(x, simd::splat<V>(v)); });
   }
   if constexpr (kMax) {
     const K v = rmax.value();
     const size_t at = rmax.chunk(v) * kChunk;
-    f.imax = find_first(p, at, std::min(n, at + kChunk), key, [&](auto x) { return x == v; });
+    f.imax = find_first(p, at, std::min(n, at + kChunk), key,
+                        [&](auto x) { return cmp_mask<Cmp::eq>(x, simd::splat<V>(v)); });
   }
   return f;
 }
