@@ -181,7 +181,8 @@ struct LaneRecord {
   explicit LaneRecord(lane_t<V> start) : best(simd::splat<V>(start)) {}
 
   void update(V m, uint32_t chunk) {
-    const uint64_t better = cmp_mask < kMax ? Cmp::gt : Cmp::lt > (m, best);
+    constexpr Cmp kBetter = kMax ? Cmp::gt : Cmp::lt;
+    const uint64_t better = cmp_mask<kBetter>(m, best);
     best = pick_lanes<kMax>(m, best);
     const __m512i c = _mm512_set1_epi32(static_cast<int>(chunk));
     for (size_t j = 0; j < kIds; ++j)

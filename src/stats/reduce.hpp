@@ -11,7 +11,6 @@
 #include <cstring>
 #include <limits>
 #include <type_traits>
-#include <utility>
 
 #include "frame/check.hpp"
 #include "frame/simd.hpp"
@@ -120,29 +119,21 @@ inline void accumulate(size_t n, A* acc, F&& f, const V&... x) {
 
 // ---- lane reductions --------------------------------------------------------------------------
 
-// The lower (from = 0) or upper (from = half the lanes) half of v as a vector of half the width,
-// taken in registers: through memory, the narrower reload of a wide store stalls on store
-// forwarding.
-template <size_t from, class V, size_t... I>
-inline VecN<lane_t<V>, sizeof...(I)> half_of(V v, std::index_sequence<I...>) {
-  return __builtin_shufflevector(v, v, (from + I)...);
-}
-template <size_t from, class V>
-inline auto half_of(V v) {
-  return half_of<from>(v, std::make_index_sequence<lanes_of<V> / 2>{});
-}
-
 // Combines the two halves of v lane by lane until `keep` lanes remain (pairwise, a tree; lane
 // parity is preserved, so keep = 2 separates the real and imaginary parts of complex data).
 template <size_t keep = 1, class V, class F>
 inline auto fold_to(V v, F f) {
   constexpr size_t N = lanes_of<V>;
+  using T = lane_t<V>;
   static_assert(keep >= 2 && N >= keep);
   if constexpr (N == keep) {
     return v;
   } else {
-    constexpr size_t H = N / 2;
-    return fold_to<keep>(f(half_of<0>(v), half_of<H>(v)), f);
+    using H = VecN<T, N / 2>;
+    H lo, hi;
+    std::memcpy(&lo, &v, sizeof lo);
+    std::memcpy(&hi, reinterpret_cast<const char*>(&v) + sizeof lo, sizeof hi);
+    return fold_to<keep>(f(lo, hi), f);
   }
 }
 
