@@ -200,14 +200,11 @@ struct LaneRecord {
   }
   size_t chunk(lane_t<V> v) const {
     const uint64_t at = cmp_mask<Cmp::eq>(best, simd::splat<V>(v));
-    uint32_t c = UINT32_MAX;
-    for (size_t j = 0; j < kIds; ++j) {
-      const auto mine = reinterpret_cast<Ids>(
-          _mm512_mask_mov_epi32(_mm512_set1_epi32(-1), static_cast<__mmask16>(at >> (16 * j)),
-                                reinterpret_cast<__m512i>(id[j])));
-      c = std::min(c, reduce_lanes(mine, vmin_lane));
-    }
-    return c;
+    __m512i c = _mm512_set1_epi32(-1);
+    for (size_t j = 0; j < kIds; ++j)
+      c = _mm512_mask_min_epu32(c, static_cast<__mmask16>(at >> (16 * j)), c,
+                                reinterpret_cast<__m512i>(id[j]));
+    return reduce_lanes(reinterpret_cast<Ids>(c), vmin_lane);
   }
 };
 
