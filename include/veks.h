@@ -1541,7 +1541,9 @@ VEKS_API VekStatus veksRShiftC_32s_I(int val, Vek32s* pSrcDst, int len);
 /* double every 8,192 elements, only for sources at an address that is a multiple of 4 bytes; */
 /* every other hint, and any other source, widens each element to double. Both paths first sum */
 /* the elements before the source's next 32-byte (fast) or 64-byte (accurate) boundary as a */
-/* group of their own, so the last bits of a result depend on the source address. */
+/* group of their own, so the last bits of a result depend on the source address. After that */
+/* group, the widened path adds value i (counting the parts of 32fc data) into double partial */
+/* i mod 64, in order, and combines the 64 partials pairwise: vectors first, then lanes. */
 /* Integers accumulate exactly; _Sfs results are scaled by 2^-scaleFactor, rounded to nearest */
 /* (ties to even) and saturated, never wrapped. No member returns a warning. */
 /* Sum (real and imaginary parts separately), by the path the hint selects, rounded once. */

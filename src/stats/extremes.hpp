@@ -2,9 +2,9 @@
 // magnitude, nearest table entries, counting inside an open interval and zero crossings.
 //
 // Index searches run in chunks of 2 KiB: lane-wise minima and maxima of a chunk (four
-// independent vectors), one lane reduction per chunk, and a chunk replaces the best so far only
-// when its extreme is strictly better. The recorded chunk is therefore the first one holding the
-// final extreme, and its first element equal to the extreme is the index the sequential rule
+// independent vectors) update a per-lane record of the best key and the first chunk where each
+// lane reached it (strictly better only). The first chunk holding the final extreme follows from
+// that record, and its first element equal to the extreme is the index the sequential rule
 // (replace only on strictly better) reports. Floating-point data also carries a cheap probe per
 // chunk (a lane sum, NaN when the chunk may hold a NaN); the first NaN ends the search and is the
 // result, value and index, of every minimum and maximum.
@@ -93,12 +93,6 @@ inline V pick_lanes(V v, V m) {
   }
 }
 
-// Whether any lane of a 512-bit comparison result is set.
-template <class M>
-inline bool any_lane(M m) {
-  return _mm512_movepi8_mask(reinterpret_cast<__m512i>(m)) != 0;
-}
-
 // Lanes 0..N-1 as a vector of unsigned integers of the lane width of V.
 template <class V>
 inline auto lane_iota() {
@@ -112,17 +106,60 @@ inline auto lane_iota() {
   return v;
 }
 
-// Index of the first element in [from, to) of p whose key satisfies hit (a lane-wise predicate
-// on key vectors), or `to`.
+enum class Cmp { eq, lt, gt, unord };
+
+// The lanes of a `c` b as bits, lane 0 lowest: one comparison into a mask register (a vector
+// comparison result would take two more instructions to become a mask).
+template <Cmp c, class V>
+inline uint64_t cmp_mask(V a, V b) {
+  using T = lane_t<V>;
+  if constexpr (std::is_floating_point_v<T>) {
+    constexpr int p = c == Cmp::eq   ? _CMP_EQ_OQ
+                      : c == Cmp::lt ? _CMP_LT_OQ
+                      : c == Cmp::gt ? _CMP_GT_OQ
+                                     : _CMP_UNORD_Q;
+    if constexpr (sizeof(T) == 4) {
+      return _mm512_cmp_ps_mask(reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b), p);
+    } else {
+      return _mm512_cmp_pd_mask(reinterpret_cast<__m512d>(a), reinterpret_cast<__m512d>(b), p);
+    }
+  } else {
+    static_assert(c != Cmp::unord, "integers are always ordered");
+    constexpr int p = c == Cmp::eq ? _MM_CMPINT_EQ : c == Cmp::lt ? _MM_CMPINT_LT : _MM_CMPINT_NLE;
+    const __m512i x = reinterpret_cast<__m512i>(a), y = reinterpret_cast<__m512i>(b);
+    constexpr bool s = std::is_signed_v<T>;
+    if constexpr (sizeof(T) == 1) {
+      return s ? _mm512_cmp_epi8_mask(x, y, p) : _mm512_cmp_epu8_mask(x, y, p);
+    } else if constexpr (sizeof(T) == 2) {
+      return s ? _mm512_cmp_epi16_mask(x, y, p) : _mm512_cmp_epu16_mask(x, y, p);
+    } else if constexpr (sizeof(T) == 4) {
+      return s ? _mm512_cmp_epi32_mask(x, y, p) : _mm512_cmp_epu32_mask(x, y, p);
+    } else {
+      return s ? _mm512_cmp_epi64_mask(x, y, p) : _mm512_cmp_epu64_mask(x, y, p);
+    }
+  }
+}
+
+// Index of the first element in [from, to) of p whose key satisfies hit (key vector -> lane
+// mask), or `to`. Four vectors are tested per step (one branch for all four).
 template <class T, class Key, class Hit>
 size_t find_first(const T* p, size_t from, size_t to, Key key, Hit hit) {
   constexpr size_t N = 64 / sizeof(T);
-  for (size_t i = from; i < to; i += N) {
+  auto bits = [&](size_t i) { return hit(key(simd::load<N>(p + i))); };
+  size_t i = from;
+  for (; i + 4 * N <= to; i += 4 * N) {
+    const uint64_t b[4] = {bits(i), bits(i + N), bits(i + 2 * N), bits(i + 3 * N)};
+    if ((b[0] | b[1] | b[2] | b[3]) != 0) {
+      size_t k = 0;
+      while (b[k] == 0) ++k;
+      return i + k * N + static_cast<size_t>(std::countr_zero(b[k]));
+    }
+  }
+  for (; i < to; i += N) {
     const size_t c = std::min(N, to - i);
-    const auto m = hit(key(simd::load_first<N>(p + i, c)));
-    uint64_t bits = _mm512_movepi8_mask(reinterpret_cast<__m512i>(m));
-    bits &= _bzhi_u64(~0ULL, static_cast<unsigned>(c * sizeof(T)));
-    if (bits != 0) return i + static_cast<size_t>(std::countr_zero(bits)) / sizeof(T);
+    const uint64_t b =
+        hit(key(simd::load_first<N>(p + i, c))) & _bzhi_u64(~0ULL, static_cast<unsigned>(c));
+    if (b != 0) return i + static_cast<size_t>(std::countr_zero(b));
   }
   return to;
 }
@@ -130,6 +167,59 @@ size_t find_first(const T* p, size_t from, size_t to, Key key, Hit hit) {
 struct Found {
   size_t imin = 0, imax = 0;
 };
+
+// Per lane, the best key of every chunk so far and the first chunk where the lane reached it
+// (replaced only on strictly better). The first chunk holding the overall extreme is then the
+// smallest chunk recorded by a lane whose best equals it; no lane reduction runs per chunk.
+template <bool kMax, class V>
+struct LaneRecord {
+  using Ids = VecN<uint32_t, 16>;
+  static constexpr size_t kIds = (lanes_of<V> + 15) / 16;
+  V best;
+  Ids id[kIds] = {};
+
+  explicit LaneRecord(lane_t<V> start) : best(simd::splat<V>(start)) {}
+
+  void update(V m, uint32_t chunk) {
+    constexpr Cmp kBetter = kMax ? Cmp::gt : Cmp::lt;
+    const uint64_t better = cmp_mask<kBetter>(m, best);
+    best = pick_lanes<kMax>(m, best);
+    const __m512i c = _mm512_set1_epi32(static_cast<int>(chunk));
+    for (size_t j = 0; j < kIds; ++j)
+      id[j] = reinterpret_cast<Ids>(_mm512_mask_mov_epi32(
+          reinterpret_cast<__m512i>(id[j]), static_cast<__mmask16>(better >> (16 * j)), c));
+  }
+
+  // The extreme, and the first chunk holding it.
+  lane_t<V> value() const {
+    if constexpr (kMax) {
+      return reduce_lanes(best, vmax_lane);
+    } else {
+      return reduce_lanes(best, vmin_lane);
+    }
+  }
+  size_t chunk(lane_t<V> v) const {
+    const uint64_t at = cmp_mask<Cmp::eq>(best, simd::splat<V>(v));
+    __m512i c = _mm512_set1_epi32(-1);
+    for (size_t j = 0; j < kIds; ++j)
+      c = _mm512_mask_min_epu32(c, static_cast<__mmask16>(at >> (16 * j)), c,
+                                reinterpret_cast<__m512i>(id[j]));
+    return reduce_lanes(reinterpret_cast<Ids>(c), vmin_lane);
+  }
+};
+
+// probe + v, on the multiply-add units (v * 1 + probe is the same sum): the adders are busy
+// with the minima and maxima.
+template <class V>
+inline V probe_add(V probe, V v) {
+  if constexpr (std::is_same_v<lane_t<V>, float>) {
+    return reinterpret_cast<V>(_mm512_fmadd_ps(reinterpret_cast<__m512>(v), _mm512_set1_ps(1),
+                                               reinterpret_cast<__m512>(probe)));
+  } else {
+    return reinterpret_cast<V>(_mm512_fmadd_pd(reinterpret_cast<__m512d>(v), _mm512_set1_pd(1),
+                                               reinterpret_cast<__m512d>(probe)));
+  }
+}
 
 inline constexpr size_t kChunkBytes = 2048;
 
@@ -144,11 +234,8 @@ Found search(const T* p, size_t n) {
   const Key key{};
   const K hi = kFloat ? std::numeric_limits<K>::infinity() : std::numeric_limits<K>::max();
   const K lo = kFloat ? -std::numeric_limits<K>::infinity() : std::numeric_limits<K>::lowest();
-  K best_min = hi, best_max = lo;
-  size_t min_chunk = 0, max_chunk = 0;
-  // Lane-wise extremes of every chunk so far: a chunk can beat the best only where one of its
-  // lanes beats these, so the lane reduction runs only then.
-  V lanes_min = simd::splat<V>(hi), lanes_max = simd::splat<V>(lo);
+  LaneRecord<false, V> rmin(hi);
+  LaneRecord<true, V> rmax(lo);
   for (size_t c = 0; c < n; c += kChunk) {
     const size_t len = std::min(kChunk, n - c);
     const T* q = p + c;
@@ -157,9 +244,10 @@ Found search(const T* p, size_t n) {
     auto step = [&](size_t k, V v) {
       if constexpr (kMin) mn[k] = pick_lanes<false>(v, mn[k]);
       if constexpr (kMax) mx[k] = pick_lanes<true>(v, mx[k]);
-      if constexpr (kFloat) probe[k] += v;
+      if constexpr (kFloat) probe[k] = probe_add(probe[k], v);
     };
     size_t i = 0;
+#pragma GCC unroll 1
     for (; i + 4 * N <= len; i += 4 * N) {
 #pragma GCC unroll 4
       for (size_t k = 0; k < 4; ++k) step(k, key(simd::load<N>(q + i + k * N)));
@@ -174,35 +262,29 @@ Found search(const T* p, size_t n) {
     }
     if constexpr (kFloat) {
       const V sum = tree_sum<4>(probe);
-      if (any_lane(sum != sum)) {  // a NaN, or infinities that cancelled: look
-        const size_t at = find_first(q, 0, len, key, [](auto x) { return x != x; });
+      if (cmp_mask<Cmp::unord>(sum, sum) != 0) {  // a NaN, or infinities that cancelled: look
+        const size_t at =
+            find_first(q, 0, len, key, [](auto x) { return cmp_mask<Cmp::unord>(x, x); });
         if (at < len) return {c + at, c + at};
       }
     }
-    if constexpr (kMin) {
-      const V m = tree<4>(mn, vmin_lane);
-      if (c == 0 || any_lane(m < lanes_min)) {
-        const K r = reduce_lanes(m, vmin_lane);
-        if (c == 0 || r < best_min) best_min = r, min_chunk = c;
-        lanes_min = pick_lanes<false>(m, lanes_min);
-      }
-    }
-    if constexpr (kMax) {
-      const V m = tree<4>(mx, vmax_lane);
-      if (c == 0 || any_lane(m > lanes_max)) {
-        const K r = reduce_lanes(m, vmax_lane);
-        if (c == 0 || r > best_max) best_max = r, max_chunk = c;
-        lanes_max = pick_lanes<true>(m, lanes_max);
-      }
-    }
+    const auto id = static_cast<uint32_t>(c / kChunk);
+    if constexpr (kMin) rmin.update(tree<4>(mn, vmin_lane), id);
+    if constexpr (kMax) rmax.update(tree<4>(mx, vmax_lane), id);
   }
   Found f;
-  if constexpr (kMin)
-    f.imin = find_first(p, min_chunk, std::min(n, min_chunk + kChunk), key,
-                        [&](auto x) { return x == best_min; });
-  if constexpr (kMax)
-    f.imax = find_first(p, max_chunk, std::min(n, max_chunk + kChunk), key,
-                        [&](auto x) { return x == best_max; });
+  if constexpr (kMin) {
+    const K v = rmin.value();
+    const size_t at = rmin.chunk(v) * kChunk;
+    f.imin = find_first(p, at, std::min(n, at + kChunk), key,
+                        [&](auto x) { return cmp_mask<Cmp::eq>(x, simd::splat<V>(v)); });
+  }
+  if constexpr (kMax) {
+    const K v = rmax.value();
+    const size_t at = rmax.chunk(v) * kChunk;
+    f.imax = find_first(p, at, std::min(n, at + kChunk), key,
+                        [&](auto x) { return cmp_mask<Cmp::eq>(x, simd::splat<V>(v)); });
+  }
   return f;
 }
 

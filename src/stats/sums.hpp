@@ -19,6 +19,31 @@ inline void widen(F16 v, D8& lo, D8& hi) {
   lo = reinterpret_cast<D8>(_mm512_cvtps_pd(_mm512_castps512_ps256(m)));
   hi = reinterpret_cast<D8>(_mm512_cvtps_pd(_mm512_extractf32x8_ps(m, 1)));
 }
+// Eight floats widened to double straight from memory: the conversion is the bottleneck of the
+// double accumulations (one per cycle), and splitting a 16-float vector first would add a
+// shuffle on the same port.
+inline D8 widen8(const float* p) {
+  return reinterpret_cast<D8>(_mm512_cvtps_pd(_mm256_loadu_ps(p)));
+}
+inline D8 widen8_first(const float* p, size_t count) {
+  const auto m = static_cast<__mmask8>(_bzhi_u32(0xFF, static_cast<unsigned>(count)));
+  return reinterpret_cast<D8>(_mm512_cvtps_pd(_mm256_maskz_loadu_ps(m, p)));
+}
+
+// Calls f(k, x) for the floats of p[0..n) widened to double, 8 at a time: group k of every step
+// of 64 floats goes to accumulator k (k < 8), so element i always meets accumulator (i / 8) % 8,
+// lane i % 8, in element order; the final partial step is masked, its missing lanes zero.
+template <class F>
+inline void each_widened(const float* p, size_t n, F&& f) {
+  size_t i = 0;
+  for (; i + 64 <= n; i += 64) {
+#pragma GCC unroll 8
+    for (size_t k = 0; k < 8; ++k) f(k, widen8(p + i + 8 * k));
+  }
+  for (size_t k = 0; i < n; ++k, i += 8)
+    f(k, i + 8 <= n ? widen8(p + i) : widen8_first(p + i, n - i));
+}
+
 inline F16 fmadd(F16 a, F16 b, F16 c) {
   return reinterpret_cast<F16>(_mm512_fmadd_ps(
       reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b), reinterpret_cast<__m512>(c)));
@@ -53,22 +78,12 @@ void sum_accurate(const float* f, size_t m, double* out) {
     widen(simd::load_first<16>(f, h), lo, hi);
     sum_comps<C>(lo + hi, head);
   }
-  struct Pair {
-    D8 lo, hi;
-  };
-  Pair acc[4] = {};
-  accumulate<16, 4>(
-      m - h, acc,
-      [](Pair& a, F16 v) {
-        D8 lo, hi;
-        widen(v, lo, hi);
-        a.lo += lo;
-        a.hi += hi;
-      },
-      Load<float, float>{f + h});
-  const D8 parts[8] = {acc[0].lo, acc[0].hi, acc[1].lo, acc[1].hi,
-                       acc[2].lo, acc[2].hi, acc[3].lo, acc[3].hi};
-  sum_comps<C>(tree_sum<8>(parts), out);
+  // x * 1 + acc is acc + x rounded once, run on the multiply-add units: the adders share their
+  // port with the conversions, which are the bottleneck here.
+  const D8 one = simd::splat<D8>(1);
+  D8 acc[8] = {};
+  each_widened(f + h, m - h, [&](size_t k, D8 x) { acc[k] = fmadd(x, one, acc[k]); });
+  sum_comps<C>(tree_sum<8>(acc), out);
   for (size_t k = 0; k < C; ++k) out[k] += head[k];
 }
 
@@ -254,10 +269,6 @@ inline float sample_sd_32f(double s, double q, double n) {
   return std::sqrt(num / den);
 }
 
-struct SumSq {
-  D8 s0, q0, s1, q1;
-};
-
 // S and Q of single-precision data by the path the hint selects.
 inline void sums_sq_f32(const float* f, size_t n, VekAccuracyHint hint, double& s, double& q) {
   D8 ds{}, dq{};
@@ -285,22 +296,13 @@ inline void sums_sq_f32(const float* f, size_t n, VekAccuracyHint hint, double& 
       dq += lo + hi;
     }
   } else {  // every value widened to double; Q by fused multiply-add
-    SumSq acc[4] = {};
-    accumulate<16, 4>(
-        n, acc,
-        [](SumSq& a, F16 v) {
-          D8 lo, hi;
-          widen(v, lo, hi);
-          a.s0 += lo;
-          a.q0 = fmadd(lo, lo, a.q0);
-          a.s1 += hi;
-          a.q1 = fmadd(hi, hi, a.q1);
-        },
-        Load<float, float>{f});
-    for (const SumSq& a : acc) {
-      ds += a.s0 + a.s1;
-      dq += a.q0 + a.q1;
-    }
+    D8 as[8] = {}, aq[8] = {};
+    each_widened(f, n, [&](size_t k, D8 x) {
+      as[k] += x;
+      aq[k] = fmadd(x, x, aq[k]);
+    });
+    ds = tree_sum<8>(as);
+    dq = tree_sum<8>(aq);
   }
   s = sum_lanes(ds);
   q = sum_lanes(dq);

@@ -129,6 +129,38 @@ TEST(FloatSums, NaNAndInfinitiesPropagate) {
   EXPECT_EQ(r, INFINITY);
 }
 
+// Integer-valued data whose sums are exact in double: the accurate path (double partials) and
+// the fast path (single-precision lanes folded into double before any lane passes 2^24) must
+// both return the exact sum rounded once. Accurate data [2^21, 2^22) overflow the fast lanes'
+// exact range; fast data [2^15, 2^16) only do so when a block is not folded. The accurate
+// deviation of data in [-2^10, 2^10] has exact S, Q and numerator n*Q - S^2.
+TEST(FloatSums, DoubleAccumulationIsExactOnIntegerData) {
+  for (int n : lengths()) {
+    const auto un = static_cast<unsigned>(n);
+    const auto big = random_vec<int64_t>(un, 0x1p21, 0x1p22, un),
+               mid = random_vec<int64_t>(un, 0x1p15, 0x1p16, un + 1),
+               small = random_vec<int64_t>(un, -1024, 1025, un + 2);
+    int64_t sb = 0, sm = 0, s = 0, q = 0;
+    for (int i = 0; i < n; ++i) sb += big[i], sm += mid[i], s += small[i], q += small[i] * small[i];
+    const int64_t num = n * q - s * s, den = int64_t{n} * (n - 1);
+    const float sd = n < 2 ? 0 : std::sqrt(static_cast<float>(num) / static_cast<float>(den));
+    for (size_t m : {0, 4, 28, 60}) {
+      auto gb = placed(std::vector<float>(big.begin(), big.end()), m),
+           gm = placed(std::vector<float>(mid.begin(), mid.end()), m),
+           gs = placed(std::vector<float>(small.begin(), small.end()), m);
+      for (int hint : kHints) {
+        const bool fast = hint == vekHintFast;
+        Vek32f r;
+        ASSERT_EQ(veksSum_32f((fast ? gm : gb).data(), n, &r, hint), 0);
+        EXPECT_EQ(r, static_cast<float>(fast ? sm : sb)) << n << " " << m << " hint " << hint;
+        if (fast || n < 2) continue;
+        ASSERT_EQ(veksStdDev_32f(gs.data(), n, &r, hint), 0);
+        EXPECT_EQ(r, sd) << n << " " << m << " hint " << hint;
+      }
+    }
+  }
+}
+
 // ---- standard deviations -----------------------------------------------------------------------
 
 template <class T>
