@@ -203,20 +203,18 @@ TEST(Every, ElementWiseMinimaAndMaximaWithNaNPropagating) {
 
 TEST(MaxOrder, BitLengthsExponentsAndTheNaNWarning) {
   int o = -99;
-  const Vek32s zeros[] = {0, 0}, m1[] = {-1}, mn[] = {INT32_MIN};
+  const Vek32s zeros[] = {0, 0};
   EXPECT_EQ(veksMaxOrder_32s(nullptr, 0, &o), vekStatusBadSize);  // the length comes first
   EXPECT_EQ(veksMaxOrder_32s(zeros, 1, nullptr), vekStatusNullPtr);
   ASSERT_EQ(veksMaxOrder_32s(zeros, 2, &o), 0);
   EXPECT_EQ(o, 0);
-  ASSERT_EQ(veksMaxOrder_32s(m1, 1, &o), 0);
-  EXPECT_EQ(o, 1);
-  ASSERT_EQ(veksMaxOrder_32s(mn, 1, &o), 0);
-  EXPECT_EQ(o, 32);
-  const float fs[][1] = {{0.75f}, {1.0f}, {-3.0f}};
-  const int want[] = {0, 1, 2};
-  for (int k = 0; k < 3; ++k) {
-    ASSERT_EQ(veksMaxOrder_32f(fs[k], 1, &o), 0);
-    EXPECT_EQ(o, want[k]);
+  for (auto [x, want] : {std::pair{-1, 1}, {INT32_MIN, 32}, {3, 2}}) {
+    ASSERT_EQ(veksMaxOrder_32s(&x, 1, &o), 0);
+    EXPECT_EQ(o, want) << x;
+  }
+  for (auto [x, want] : {std::pair{0.75f, 0}, {1.0f, 1}, {-3.0f, 2}}) {
+    ASSERT_EQ(veksMaxOrder_32f(&x, 1, &o), 0);
+    EXPECT_EQ(o, want) << x;
   }
   for (int n : lengths()) {
     const auto s =
@@ -252,28 +250,28 @@ TEST(MaxOrder, BitLengthsExponentsAndTheNaNWarning) {
 
 // ---- lookup, counting, crossings ---------------------------------------------------------------
 
+// Tables of 1 to 1000 ascending entries, values around and beyond them; the vector form on all
+// the values at once, the single-value form on each.
 TEST(Lookup, NearestTableEntryWithMidpointsGoingLow) {
-  const Vek16u t2[] = {10, 20};
-  const Vek16u vals[] = {15, 16, 0, 65535};
-  Vek16u out[4];
-  int idx[4];
-  ASSERT_EQ(veksFindNearest_16u(vals, out, idx, 4, t2, 2), 0);
-  EXPECT_TRUE(out[0] == 10 && idx[0] == 0 && out[1] == 20 && idx[1] == 1 && idx[2] == 0 &&
-              idx[3] == 1);
   std::mt19937 g(5);
   for (int m : {1, 2, 3, 7, 64, 1000}) {
-    std::vector<Vek16u> t;
+    std::vector<Vek16u> t, vs(3000), out(3000);
+    std::vector<int> idx(3000);
     for (int k = 0; k < m; ++k)
       t.push_back(static_cast<Vek16u>(k == 0 ? g() % 100 : t.back() + 1 + g() % 60));
-    for (int k = 0; k < 3000; ++k) {
-      const Vek16u v = static_cast<Vek16u>(g() % (t.back() + 200u));
+    for (Vek16u& v : vs) v = static_cast<Vek16u>(g() % (t.back() + 200u));
+    vs[0] = 0, vs[1] = 65535;
+    ASSERT_EQ(veksFindNearest_16u(vs.data(), out.data(), idx.data(), 3000, t.data(), m), 0);
+    for (size_t k = 0; k < vs.size(); ++k) {
+      const int v = vs[k];
       int best = 0;  // nearest, lower index on a tie
       for (int j = 1; j < m; ++j)
         if (std::abs(v - t[j]) < std::abs(v - t[best])) best = j;
       Vek16u ov;
       int oi;
-      ASSERT_EQ(veksFindNearestOne_16u(v, &ov, &oi, t.data(), m), 0);
-      ASSERT_TRUE(oi == best && ov == t[best]) << v << " in table of " << m;
+      ASSERT_EQ(veksFindNearestOne_16u(vs[k], &ov, &oi, t.data(), m), 0);
+      ASSERT_TRUE(oi == best && ov == t[best] && idx[k] == best && out[k] == t[best])
+          << v << " in table of " << m;
     }
   }
 }
