@@ -128,7 +128,8 @@ template <class TD, class TA, class TB, class F, class Exact>
 template <class TA, class TB = TA, class TD = TB, class Exact, class... Forms>
 void sweep(const char* name, Exact exact, int bound, bool constant, Forms... forms) {
   SCOPED_TRACE(name);
-  const auto a = ints<TA>(130, 1), bs = ints<TB>(constant ? 10 : 130, 2);
+  const auto a = ints<TA>(130, 1);
+  const auto bs = ints<TB>(constant ? 10 : 130, 2);
   const int sf_lo = bound == kNoScale ? 0 : -40, sf_hi = bound == kNoScale ? 0 : 70;
   for (size_t c = 0; c < (constant ? bs.size() : 1); ++c) {
     const std::vector<TB> b = constant ? std::vector<TB>(130, bs[c]) : bs;
