@@ -226,9 +226,15 @@ inline V round_trunc(V v) {
 }
 
 // Lane-wise conversion to another lane type (integer narrowing truncates: saturate first).
+// Floating lanes reach 8- and 16-bit integers through 32-bit ones, which the hardware converts
+// and narrows a whole vector at a time (the direct conversion is done lane by lane).
 template <class To, class V>
 inline VecN<To, lanes_of<V>> convert(V v) {
-  return __builtin_convertvector(v, VecN<To, lanes_of<V>>);
+  if constexpr (std::is_floating_point_v<lane_t<V>> && std::is_integral_v<To> && sizeof(To) < 4) {
+    return __builtin_convertvector(convert<int32_t>(v), VecN<To, lanes_of<V>>);
+  } else {
+    return __builtin_convertvector(v, VecN<To, lanes_of<V>>);
+  }
 }
 
 }  // namespace veks::simd
