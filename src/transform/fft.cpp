@@ -133,32 +133,53 @@ using SmallFn = void (*)(const R*, R*);
 template <class R>
 using SmallScaleFn = void (*)(const R*, R*, R);
 
-template <class R, bool Inv, int... O>
-constexpr std::array<SmallFn<R>, 7> small_plain(std::integer_sequence<int, O...>) {
-  return {&SmallC<R, O, Inv>::plain...};
+// Per-order tables of a kernel template K<Order> (orders 0 .. N-1): the plain and the scaled
+// entry points.
+template <template <int> class K, class R, int... O>
+constexpr std::array<SmallFn<R>, sizeof...(O)> plain_table(std::integer_sequence<int, O...>) {
+  return {&K<O>::plain...};
 }
-template <class R, bool Inv, int... O>
-constexpr std::array<SmallScaleFn<R>, 7> small_scaled(std::integer_sequence<int, O...>) {
-  return {&SmallC<R, O, Inv>::scaled...};
+template <template <int> class K, class R, int... O>
+constexpr std::array<SmallScaleFn<R>, sizeof...(O)> scaled_table(std::integer_sequence<int, O...>) {
+  return {&K<O>::scaled...};
 }
+template <class R>
+void run_table(const SmallFn<R>* plain, const SmallScaleFn<R>* with, int order, const R* src,
+               R* dst, bool scaled, R scale) {
+  if (scaled) {
+    with[size_t(order)](src, dst, scale);
+  } else {
+    plain[size_t(order)](src, dst);
+  }
+}
+
+template <class R, bool Inv>
+struct CKernel {
+  template <int O>
+  using K = SmallC<R, O, Inv>;
+};
 // Per-order kernels of the complex transforms up to order 6.
 template <class R>
-constexpr auto tbl_cFFTfwd_small = small_plain<R, false>(std::make_integer_sequence<int, 7>{});
+constexpr auto tbl_cFFTfwd_small =
+    plain_table<CKernel<R, false>::template K, R>(std::make_integer_sequence<int, 7>{});
 template <class R>
 constexpr auto tbl_cFFTfwd_small_scale =
-    small_scaled<R, false>(std::make_integer_sequence<int, 7>{});
+    scaled_table<CKernel<R, false>::template K, R>(std::make_integer_sequence<int, 7>{});
 template <class R>
-constexpr auto tbl_cFFTinv_small = small_plain<R, true>(std::make_integer_sequence<int, 7>{});
+constexpr auto tbl_cFFTinv_small =
+    plain_table<CKernel<R, true>::template K, R>(std::make_integer_sequence<int, 7>{});
 template <class R>
 constexpr auto tbl_cFFTinv_small_scale =
-    small_scaled<R, true>(std::make_integer_sequence<int, 7>{});
+    scaled_table<CKernel<R, true>::template K, R>(std::make_integer_sequence<int, 7>{});
 
 template <class R, bool Inv>
 void small_complex(int order, const R* src, R* dst, bool scaled, R scale) {
-  if (scaled) {
-    (Inv ? tbl_cFFTinv_small_scale<R> : tbl_cFFTfwd_small_scale<R>)[size_t(order)](src, dst, scale);
+  if constexpr (Inv) {
+    run_table(tbl_cFFTinv_small<R>.data(), tbl_cFFTinv_small_scale<R>.data(), order, src, dst,
+              scaled, scale);
   } else {
-    (Inv ? tbl_cFFTinv_small<R> : tbl_cFFTfwd_small<R>)[size_t(order)](src, dst);
+    run_table(tbl_cFFTfwd_small<R>.data(), tbl_cFFTfwd_small_scale<R>.data(), order, src, dst,
+              scaled, scale);
   }
 }
 
@@ -589,34 +610,32 @@ struct SmallR {
   static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }
   static void scaled(const R* src, R* dst, R scale) { run(src, dst, true, scale); }
 };
-template <class R, class L, bool Inv, int... O>
-constexpr std::array<SmallFn<R>, 6> small_real_plain(std::integer_sequence<int, O...>) {
-  return {&SmallR<R, L, O, Inv>::plain...};
-}
-template <class R, class L, bool Inv, int... O>
-constexpr std::array<SmallScaleFn<R>, 6> small_real_scaled(std::integer_sequence<int, O...>) {
-  return {&SmallR<R, L, O, Inv>::scaled...};
-}
+template <class R, class L, bool Inv>
+struct RKernel {
+  template <int O>
+  using K = SmallR<R, L, O, Inv>;
+};
 template <class R, class L>
 constexpr auto tbl_rFFTfwd_small =
-    small_real_plain<R, L, false>(std::make_integer_sequence<int, 6>{});
+    plain_table<RKernel<R, L, false>::template K, R>(std::make_integer_sequence<int, 6>{});
 template <class R, class L>
 constexpr auto tbl_rFFTfwd_small_scale =
-    small_real_scaled<R, L, false>(std::make_integer_sequence<int, 6>{});
+    scaled_table<RKernel<R, L, false>::template K, R>(std::make_integer_sequence<int, 6>{});
 template <class R, class L>
 constexpr auto tbl_rFFTinv_small =
-    small_real_plain<R, L, true>(std::make_integer_sequence<int, 6>{});
+    plain_table<RKernel<R, L, true>::template K, R>(std::make_integer_sequence<int, 6>{});
 template <class R, class L>
 constexpr auto tbl_rFFTinv_small_scale =
-    small_real_scaled<R, L, true>(std::make_integer_sequence<int, 6>{});
+    scaled_table<RKernel<R, L, true>::template K, R>(std::make_integer_sequence<int, 6>{});
 
 template <class R, class L, bool Inv>
 void real_small(int order, const R* src, R* dst, bool scaled, R scale) {
-  if (scaled) {
-    (Inv ? tbl_rFFTinv_small_scale<R, L> : tbl_rFFTfwd_small_scale<R, L>)[size_t(order)](src, dst,
-                                                                                         scale);
+  if constexpr (Inv) {
+    run_table(tbl_rFFTinv_small<R, L>.data(), tbl_rFFTinv_small_scale<R, L>.data(), order, src, dst,
+              scaled, scale);
   } else {
-    (Inv ? tbl_rFFTinv_small<R, L> : tbl_rFFTfwd_small<R, L>)[size_t(order)](src, dst);
+    run_table(tbl_rFFTfwd_small<R, L>.data(), tbl_rFFTfwd_small_scale<R, L>.data(), order, src, dst,
+              scaled, scale);
   }
 }
 constexpr int kRealSmallMax = 5;
