@@ -44,7 +44,7 @@ int main(int argc, char** argv) {
     v.add("Sqrt_32f", c, 8 * n, [=] { return veksSqrt_32f(f2, fd, len); });
     v.add("Magnitude_32fc", c, 12 * n, [=] { return veksMagnitude_32fc(c1, fd, len); });
     v.add("MulPerm_32f", c, 12 * n, [=] { return veksMulPerm_32f(f1, f2, fd, len); });
-    v.add("MulPerm_32f_I", c, 8 * n, [=] { return veksMulPerm_32f_I(f1, fd, len); });
+    v.add("MulPerm_32f_I", c, 12 * n, [=] { return veksMulPerm_32f_I(f1, fd, len); });
   }
   return v.main(argc, argv, "Element-wise arithmetic");
 }

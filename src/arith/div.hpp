@@ -9,6 +9,10 @@
 // every result is already 0 or saturated, which keeps the scaled operands exact.
 #pragma once
 
+// clang-format off
+#include "frame/intrin.hpp"  // first: before anything else includes <immintrin.h>
+// clang-format on
+
 #include <cstdint>
 #include <type_traits>
 
@@ -95,19 +99,110 @@ void map_xy(X x, Y y, TD* d, size_t n, Body&& body) {
   }
 }
 
+// 8- and 16-bit operands in binary32 lanes, 16 at a time: elements [i, i + r) of a vector (the
+// other lanes 0), or a constant in every lane.
+template <class T>
+inline __m512 f32_lanes(const T* p, size_t i, unsigned r) {
+  const auto m = static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
+  __m512i w;
+  if constexpr (sizeof(T) == 1) {
+    const __m128i b = r == 16 ? _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i))
+                              : _mm_maskz_loadu_epi8(m, p + i);
+    w = std::is_signed_v<T> ? _mm512_cvtepi8_epi32(b) : _mm512_cvtepu8_epi32(b);
+  } else {
+    static_assert(sizeof(T) == 2);
+    const __m256i h = r == 16 ? _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + i))
+                              : _mm256_maskz_loadu_epi16(m, p + i);
+    w = std::is_signed_v<T> ? _mm512_cvtepi16_epi32(h) : _mm512_cvtepu16_epi32(h);
+  }
+  return _mm512_cvtepi32_ps(w);
+}
+template <class T>
+inline __m512 f32_lanes(T v, size_t, unsigned) {
+  return _mm512_set1_ps(static_cast<float>(v));
+}
+
+// Integral binary32 lanes of at most 2^24 in magnitude, saturated to TD (8 or 16 bits) and
+// stored at d[0, r).
+template <class TD>
+inline void store_saturated(TD* d, unsigned r, __m512i q) {
+  const auto m = static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
+  if constexpr (std::is_same_v<TD, Vek16s>) {
+    _mm256_mask_storeu_epi16(d, m, _mm512_cvtsepi32_epi16(q));
+  } else if constexpr (std::is_same_v<TD, Vek16u>) {
+    _mm256_mask_storeu_epi16(d, m,
+                             _mm512_cvtusepi32_epi16(_mm512_max_epi32(q, _mm512_setzero_si512())));
+  } else {
+    static_assert(std::is_same_v<TD, Vek8u>);
+    _mm_mask_storeu_epi8(d, m, _mm512_cvtusepi32_epi8(_mm512_max_epi32(q, _mm512_setzero_si512())));
+  }
+}
+
+// The binary32 quotients with 8- and 16-bit results: the rounding folded into the conversion
+// to integer lanes and the clamping into the saturating narrowing, which the compiler does not
+// find on its own. The quotient is the same correctly rounded division as in the generic lanes.
+template <int Mode, bool Scaled, class TD, class X, class Y>
+bool f32_quotients(X x, Y y, TD* d, size_t n, Scale<float> sc) {
+  using TY = std::remove_cv_t<std::remove_pointer_t<Y>>;
+  const __m512 ky = _mm512_set1_ps(sc.y), kx = _mm512_set1_ps(sc.x), one = _mm512_set1_ps(1.0f);
+  const __m512i hi = _mm512_set1_epi32(static_cast<int32_t>(Limits<TD>::max()));
+  const __m512i lo = _mm512_set1_epi32(static_cast<int32_t>(Limits<TD>::min()));
+  __mmask16 zeros = 0;
+  const auto block = [&](size_t i, unsigned r) {
+    __m512 xv = f32_lanes(x, i, r), yv = f32_lanes(y, i, r);
+    const __mmask16 z = _mm512_cmp_ps_mask(xv, _mm512_setzero_ps(), _CMP_EQ_OQ) &
+                        static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
+    zeros |= z;
+    xv = _mm512_mask_mov_ps(xv, z, one);
+    if constexpr (Scaled) {
+      xv = _mm512_mul_ps(xv, kx);
+      yv = _mm512_mul_ps(yv, ky);
+    }
+    __m512 q = _mm512_div_ps(yv, xv);
+    __m512i qi;
+    if constexpr (Mode == kDivTrunc) {
+      qi = _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
+    } else if constexpr (Mode == kDivNearestEven) {
+      qi = _mm512_cvt_roundps_epi32(q, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    } else {  // q + 1/2 with the sign of q, rounded toward zero, then truncated
+      const __m512i half =
+          _mm512_ternarylogic_epi32(_mm512_castps_si512(q), _mm512_set1_epi32(INT32_MIN),
+                                    _mm512_set1_epi32(0x3F000000), 0xEA);
+      q = _mm512_add_round_ps(q, _mm512_castsi512_ps(half), _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
+      qi = _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
+    }
+    qi = _mm512_mask_mov_epi32(qi, z, hi);
+    if constexpr (std::is_signed_v<TY>)
+      qi = _mm512_mask_mov_epi32(qi, z & _mm512_cmp_ps_mask(yv, _mm512_setzero_ps(), _CMP_LT_OQ),
+                                 lo);
+    store_saturated(d + i, r, qi);
+  };
+  size_t i = 0;
+  for (; i + 16 <= n; i += 16) block(i, 16u);
+  if (i < n) block(i, static_cast<unsigned>(n - i));
+  return zeros != 0;
+}
+
 // Integer quotients y / (x * 2^sf) in lanes of F; returns whether a divisor was zero.
 template <class F, int Mode, class TD, class X, class Y>
 bool int_quotients(X x, Y y, TD* d, size_t n, Scale<F> sc) {
-  using L = simd::VecN<F, 64 / sizeof(F)>;
-  using M = decltype(L{} == L{});
-  M zeros{};
-  map_xy<F>(x, y, d, n, [&](size_t k, L xv, L yv) {
-    const M z = (xv == 0) & valid<M>(k, simd::lanes_of<L>);
-    zeros |= z;
-    const L q = (yv * sc.y) / (simd::select<L>(z, simd::splat<L>(1), xv) * sc.x);
-    return simd::select<L>(z, substitute<TD>(yv), round_clamp<TD, Mode>(q));
-  });
-  return any(zeros);
+  using TX = std::remove_cv_t<std::remove_pointer_t<X>>;
+  using TY = std::remove_cv_t<std::remove_pointer_t<Y>>;
+  if constexpr (std::is_same_v<F, float> && sizeof(TD) <= 2 && sizeof(TX) <= 2 && sizeof(TY) <= 2) {
+    if (sc.x == 1 && sc.y == 1) return f32_quotients<Mode, false>(x, y, d, n, sc);
+    return f32_quotients<Mode, true>(x, y, d, n, sc);
+  } else {
+    using L = simd::VecN<F, 64 / sizeof(F)>;
+    using M = decltype(L{} == L{});
+    M zeros{};
+    map_xy<F>(x, y, d, n, [&](size_t k, L xv, L yv) {
+      const M z = (xv == 0) & valid<M>(k, simd::lanes_of<L>);
+      zeros |= z;
+      const L q = (yv * sc.y) / (simd::select<L>(z, simd::splat<L>(1), xv) * sc.x);
+      return simd::select<L>(z, substitute<TD>(yv), round_clamp<TD, Mode>(q));
+    });
+    return any(zeros);
+  }
 }
 
 // One quotient in long double, for the 32-bit results of negative scale factors, where a
