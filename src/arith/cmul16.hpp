@@ -1,8 +1,10 @@
 // Complex 16-bit products, 16 elements per step. Each component is the sum of two exact 32-bit
-// products formed by multiply-add instructions. Only (-32768, -32768) * (-32768, -32768) reaches
-// 2^31 (in the imaginary part); it wraps to -2^31, a value no product takes, so the scale step
-// reads that pattern as +2^31: saturating paths first turn it into 2^31 - 1, and rounding paths
-// halve before they add their rounding constant, so nothing overflows.
+// products formed by multiply-add instructions. The real part ac - bd is formed as
+// ac + b(~d) + b, which wraps only in an intermediate and always ends in range (it lies within
+// 2^31 - 2^15 of 0). Only (-32768, -32768) * (-32768, -32768) reaches 2^31 (in the imaginary
+// part); it wraps to -2^31, a value no product takes, so the scale step reads that pattern as
+// +2^31: saturating paths first turn it into 2^31 - 1, and rounding paths either halve before
+// they add their rounding constant or set the exact quotient 2^(31 - s) for it.
 #pragma once
 
 #include "frame/intrin.hpp"
@@ -17,16 +19,19 @@ namespace cmul16 {
 
 using V32 = simd::Vec<int32_t>;
 
+inline __mmask16 is_top(__m512i r) {
+  return _mm512_cmpeq_epi32_mask(r, _mm512_set1_epi32(INT32_MIN));
+}
+
 inline __m512i fix_top(__m512i r) {  // -2^31 read as 2^31, clamped to 2^31 - 1
-  const __mmask16 top = _mm512_cmpeq_epi32_mask(r, _mm512_set1_epi32(INT32_MIN));
-  return _mm512_mask_mov_epi32(r, top, _mm512_set1_epi32(INT32_MAX));
+  return _mm512_mask_mov_epi32(r, is_top(r), _mm512_set1_epi32(INT32_MAX));
 }
 
 // round(r * 2^-s) with ties to even for 1 <= s <= 31, from h = r / 2 (exact, with -2^31 read as
 // 2^31) and the bit l that the halving dropped.
 inline __m512i round_down(__m512i r, int s) {
-  const __mmask16 top = _mm512_cmpeq_epi32_mask(r, _mm512_set1_epi32(INT32_MIN));
-  const __m512i h = _mm512_mask_mov_epi32(_mm512_srai_epi32(r, 1), top, _mm512_set1_epi32(1 << 30));
+  const __m512i h =
+      _mm512_mask_mov_epi32(_mm512_srai_epi32(r, 1), is_top(r), _mm512_set1_epi32(1 << 30));
   const __m512i one = _mm512_set1_epi32(1), l = _mm512_and_si512(r, one);
   if (s == 1) return _mm512_add_epi32(h, _mm512_and_si512(l, h));
   const __m128i s1 = _mm_cvtsi32_si128(s - 1);
@@ -35,24 +40,57 @@ inline __m512i round_down(__m512i r, int s) {
   return _mm512_sra_epi32(_mm512_add_epi32(_mm512_add_epi32(h, bias), _mm512_or_si512(l, odd)), s1);
 }
 
+// The same for 2 <= s <= 15 on a value that is not -2^31: r + 2^(s-1) - 1 cannot overflow, and
+// one more where the kept part is odd makes the ties go to even.
+struct Short {
+  __m128i s;
+  __m512i bias, odd_bit, top;  // top: the exact result for 2^31
+  explicit Short(int sf)
+      : s(_mm_cvtsi32_si128(sf)),
+        bias(_mm512_set1_epi32((1 << (sf - 1)) - 1)),
+        odd_bit(_mm512_set1_epi32(1 << sf)),
+        top(_mm512_set1_epi32(1 << (31 - sf))) {}
+  __m512i operator()(__m512i r) const {
+    const __m512i t = _mm512_add_epi32(r, bias);
+    return _mm512_sra_epi32(
+        _mm512_mask_sub_epi32(t, _mm512_test_epi32_mask(r, odd_bit), t, _mm512_set1_epi32(-1)), s);
+  }
+};
+
+// The scaled real and imaginary parts.
 template <class Scale>
-inline __m512i finish(const Scale& s, __m512i r) {
+inline void finish(const Scale& s, __m512i& re, __m512i& im) {
   if constexpr (std::is_same_v<Scale, int>) {
-    return round_down(r, s);
+    re = round_down(re, s);
+    im = round_down(im, s);
+  } else if constexpr (std::is_same_v<Scale, Short>) {
+    const __mmask16 top = is_top(im);
+    re = s(re);
+    im = _mm512_mask_mov_epi32(s(im), top, s.top);
+  } else if constexpr (std::is_same_v<Scale, ScaleNone<Vek16s>>) {
+    im = fix_top(im);  // the pack saturates
   } else {
-    return reinterpret_cast<__m512i>(s(reinterpret_cast<V32>(fix_top(r))));
+    re = reinterpret_cast<__m512i>(s(reinterpret_cast<V32>(re)));
+    im = reinterpret_cast<__m512i>(s(reinterpret_cast<V32>(fix_top(im))));
   }
 }
 
+// The second operand prepared once: (c, ~d) for the real parts and (d, c) for the imaginary.
+struct Operand {
+  __m512i for_re, for_im;
+  explicit Operand(__m512i y)
+      : for_re(_mm512_xor_si512(y, _mm512_set1_epi32(int32_t(0xFFFF0000u)))),
+        for_im(_mm512_rol_epi32(y, 16)) {}
+};
+
 // 16 complex products of x and y, scaled, saturated and interleaved again.
 template <class Scale>
-inline __m512i step(const Scale& s, __m512i x, __m512i y) {
-  const __m512i even = _mm512_set1_epi32(0xFFFF), odd = _mm512_set1_epi32(int32_t(0xFFFF0000u));
-  const __m512i re = _mm512_sub_epi32(_mm512_madd_epi16(_mm512_and_si512(x, even), y),
-                                      _mm512_madd_epi16(_mm512_and_si512(x, odd), y));
-  const __m512i im = _mm512_madd_epi16(x, _mm512_rol_epi32(y, 16));
+inline __m512i step(const Scale& s, __m512i x, const Operand& y) {
+  __m512i re = _mm512_add_epi32(_mm512_madd_epi16(x, y.for_re), _mm512_srai_epi32(x, 16));
+  __m512i im = _mm512_madd_epi16(x, y.for_im);
+  finish(s, re, im);
   // packs gives re0..re3 im0..im3 per 128-bit lane; interleave the pairs again.
-  const __m512i packed = _mm512_packs_epi32(finish(s, re), finish(s, im));
+  const __m512i packed = _mm512_packs_epi32(re, im);
   const __m512i order =
       _mm512_broadcast_i32x4(_mm_setr_epi8(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15));
   return _mm512_shuffle_epi8(packed, order);
@@ -61,14 +99,18 @@ inline __m512i step(const Scale& s, __m512i x, __m512i y) {
 template <class Scale>
 void run(const Vek16sc* x, const Vek16sc* y, __m512i yconst, Vek16sc* d, size_t n, const Scale& s) {
   size_t i = 0;
-  for (; i + 16 <= n; i += 16) {
-    const __m512i yv = y ? _mm512_loadu_si512(y + i) : yconst;
-    _mm512_storeu_si512(d + i, step(s, _mm512_loadu_si512(x + i), yv));
+  if (y == nullptr) {
+    const Operand yc(yconst);
+    for (; i + 16 <= n; i += 16) _mm512_storeu_si512(d + i, step(s, _mm512_loadu_si512(x + i), yc));
+  } else {
+    for (; i + 16 <= n; i += 16)
+      _mm512_storeu_si512(d + i,
+                          step(s, _mm512_loadu_si512(x + i), Operand(_mm512_loadu_si512(y + i))));
   }
   if (i < n) {
     const __mmask16 m = static_cast<__mmask16>(_bzhi_u32(~0u, static_cast<unsigned>(n - i)));
     const __m512i yv = y ? _mm512_maskz_loadu_epi32(m, y + i) : yconst;
-    _mm512_mask_storeu_epi32(d + i, m, step(s, _mm512_maskz_loadu_epi32(m, x + i), yv));
+    _mm512_mask_storeu_epi32(d + i, m, step(s, _mm512_maskz_loadu_epi32(m, x + i), Operand(yv)));
   }
 }
 
@@ -82,7 +124,9 @@ inline void products(const Vek16sc* x, const Vek16sc* y, Vek16sc c, Vek16sc* d, 
   __builtin_memcpy(&cbits, &c, sizeof cbits);
   const __m512i yconst = _mm512_set1_epi32(cbits);
   const size_t n = static_cast<size_t>(len);
-  if (sf >= 1) {
+  if (sf >= 2 && sf <= 15) {
+    run(x, y, yconst, d, n, Short(sf));
+  } else if (sf >= 1) {
     run(x, y, yconst, d, n, sf);
   } else {
     with_scale<Vek16s>(sf, 31, [&](auto scale) { run(x, y, yconst, d, n, scale); });

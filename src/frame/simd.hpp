@@ -51,12 +51,76 @@ inline L select(C c, L a, L b) {
   return c ? a : b;
 }
 
+namespace detail {
+
+// One min or max instruction for a vector of lanes, where AVX-512 (with BW and VL) has it; the
+// compiler turns the comparison form into a compare and a blend. The instructions return the
+// second operand when the comparison is false, NaN included, as select() does.
+#define VEKS_MM_ONE(name, T512, T256, T128)                                                       \
+  if constexpr (sizeof(L) == 64) {                                                                \
+    r = reinterpret_cast<L>(_mm512_##name(reinterpret_cast<T512>(a), reinterpret_cast<T512>(b))); \
+  } else if constexpr (sizeof(L) == 32) {                                                         \
+    r = reinterpret_cast<L>(_mm256_##name(reinterpret_cast<T256>(a), reinterpret_cast<T256>(b))); \
+  } else {                                                                                        \
+    r = reinterpret_cast<L>(_mm_##name(reinterpret_cast<T128>(a), reinterpret_cast<T128>(b)));    \
+  }
+#define VEKS_MM(kind, T512, T256, T128)       \
+  if constexpr (Max) {                        \
+    VEKS_MM_ONE(max_##kind, T512, T256, T128) \
+  } else {                                    \
+    VEKS_MM_ONE(min_##kind, T512, T256, T128) \
+  }
+template <bool Max, class L>
+inline bool minmax_insn(L a, L b, L& r) {
+  using T = lane_t<L>;
+  if constexpr (sizeof(L) != 64 && sizeof(L) != 32 && sizeof(L) != 16) {
+    return false;
+  } else if constexpr (std::is_same_v<T, float>) {
+    VEKS_MM(ps, __m512, __m256, __m128)
+  } else if constexpr (std::is_same_v<T, double>) {
+    VEKS_MM(pd, __m512d, __m256d, __m128d)
+  } else if constexpr (!std::is_integral_v<T>) {
+    return false;
+  } else if constexpr (std::is_signed_v<T> && sizeof(T) == 1) {
+    VEKS_MM(epi8, __m512i, __m256i, __m128i)
+  } else if constexpr (sizeof(T) == 1) {
+    VEKS_MM(epu8, __m512i, __m256i, __m128i)
+  } else if constexpr (std::is_signed_v<T> && sizeof(T) == 2) {
+    VEKS_MM(epi16, __m512i, __m256i, __m128i)
+  } else if constexpr (sizeof(T) == 2) {
+    VEKS_MM(epu16, __m512i, __m256i, __m128i)
+  } else if constexpr (std::is_signed_v<T> && sizeof(T) == 4) {
+    VEKS_MM(epi32, __m512i, __m256i, __m128i)
+  } else if constexpr (sizeof(T) == 4) {
+    VEKS_MM(epu32, __m512i, __m256i, __m128i)
+  } else if constexpr (std::is_signed_v<T> && sizeof(T) == 8) {
+    VEKS_MM(epi64, __m512i, __m256i, __m128i)
+  } else if constexpr (sizeof(T) == 8) {
+    VEKS_MM(epu64, __m512i, __m256i, __m128i)
+  } else {
+    return false;
+  }
+  return true;
+}
+#undef VEKS_MM
+#undef VEKS_MM_ONE
+
+}  // namespace detail
+
 template <class L>
 inline L vmin(L a, L b) {
+  if constexpr (is_vector<L>) {
+    L r;
+    if (detail::minmax_insn<false>(a, b, r)) return r;
+  }
   return select<L>(a < b, a, b);
 }
 template <class L>
 inline L vmax(L a, L b) {
+  if constexpr (is_vector<L>) {
+    L r;
+    if (detail::minmax_insn<true>(a, b, r)) return r;
+  }
   return select<L>(a > b, a, b);
 }
 template <class L>
