@@ -13,6 +13,7 @@
 #include "frame/fill.hpp"
 #include "frame/scale.hpp"
 #include "frame/shapes.hpp"
+#include "frame/stream.hpp"
 
 namespace veks {
 namespace cmul16 {
@@ -98,19 +99,31 @@ inline __m512i step(const Scale& s, __m512i x, const Operand& y) {
 
 template <class Scale>
 void run(const Vek16sc* x, const Vek16sc* y, __m512i yconst, Vek16sc* d, size_t n, const Scale& s) {
-  size_t i = 0;
+  const auto each = [&](auto&& operand, size_t traffic) {
+    blocks_nt<16, 4>(n, d, stream_traffic(traffic, d, x, y), [&](auto kind, size_t i, size_t c) {
+      if constexpr (kind) {
+        put<decltype(kind)>(d + i, 0, step(s, _mm512_loadu_si512(x + i), operand(kind, i, c)));
+      } else {
+        const __mmask16 m = static_cast<__mmask16>(_bzhi_u32(~0u, static_cast<unsigned>(c)));
+        put<decltype(kind)>(d + i, 4 * c,
+                            step(s, _mm512_maskz_loadu_epi32(m, x + i), operand(kind, i, c)));
+      }
+    });
+  };
   if (y == nullptr) {
     const Operand yc(yconst);
-    for (; i + 16 <= n; i += 16) _mm512_storeu_si512(d + i, step(s, _mm512_loadu_si512(x + i), yc));
+    each([&](auto, size_t, size_t) { return yc; }, 8 * n);
   } else {
-    for (; i + 16 <= n; i += 16)
-      _mm512_storeu_si512(d + i,
-                          step(s, _mm512_loadu_si512(x + i), Operand(_mm512_loadu_si512(y + i))));
-  }
-  if (i < n) {
-    const __mmask16 m = static_cast<__mmask16>(_bzhi_u32(~0u, static_cast<unsigned>(n - i)));
-    const __m512i yv = y ? _mm512_maskz_loadu_epi32(m, y + i) : yconst;
-    _mm512_mask_storeu_epi32(d + i, m, step(s, _mm512_maskz_loadu_epi32(m, x + i), Operand(yv)));
+    each(
+        [&](auto kind, size_t i, size_t c) {
+          if constexpr (kind) {
+            return Operand(_mm512_loadu_si512(y + i));
+          } else {
+            const auto m = static_cast<__mmask16>(_bzhi_u32(~0u, static_cast<unsigned>(c)));
+            return Operand(_mm512_maskz_loadu_epi32(m, y + i));
+          }
+        },
+        12 * n);
   }
 }
 

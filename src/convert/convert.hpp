@@ -57,7 +57,7 @@ VekStatus widen(const ptr_t<S>* s, D* d, int len) {
     const FpScope fp(FpRound::Caller);
     using W = std::conditional_t<(sizeof(D) > sizeof(S)), D,
                                  std::conditional_t<std::is_floating_point_v<D>, D, S>>;
-    map_nt<W>(
+    map<W>(
         n, d, [](auto x) { return x; }, s);
   }
   return vekStatusOk;
@@ -77,7 +77,7 @@ VekStatus widen_sfs(const S* s, D* d, int len, int sf) {
       store_ps<decltype(full)>(d + i, c, _mm512_scalef_ps(x, ev));
     });
   } else {
-    map_nt<D>(
+    map<D>(
         n, d, [e](auto x) { return scale2(x, simd::splat<decltype(x)>(e)); }, s);
   }
   return vekStatusOk;

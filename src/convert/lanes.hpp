@@ -13,6 +13,7 @@
 #include <type_traits>
 
 #include "frame/map.hpp"
+#include "frame/stream.hpp"
 #include "vekcore.h"
 #include "veks.h"
 
@@ -73,88 +74,6 @@ inline void store24(Vek8u* p, size_t count, __m512i v) {
   const __m512i dense = _mm512_permutexvar_epi32(
       _mm512_setr_epi32(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 15, 15, 15, 15), packed);
   _mm512_mask_storeu_epi8(p, mask_bytes(3 * count), dense);
-}
-
-// What a block is: whole (plain loads and stores) or the partial one at the end (masked), and
-// whether its stores bypass the caches.
-template <bool Full, bool Stream = false>
-struct Kind : std::bool_constant<Full> {
-  static constexpr bool stream = Stream;
-};
-
-// Runs step(kind, i, count) over [0, n) in blocks of N elements.
-template <size_t N, class Step>
-[[gnu::always_inline]] inline void blocks(size_t n, Step&& step) {
-  size_t i = 0;
-  for (; i + 2 * N <= n; i += 2 * N) {  // two blocks per step keep more loads in flight
-    step(Kind<true>{}, i, N);
-    step(Kind<true>{}, i + N, N);
-  }
-  if (i + N <= n) step(Kind<true>{}, i, N), i += N;
-  if (i < n) step(Kind<false>{}, i, n - i);
-}
-
-// Calls that move more bytes than the largest cache holds store around the caches (as the block
-// copy does), so no destination line is read before it is written.
-inline bool worth_streaming(size_t traffic) {
-  if (traffic < (size_t{4} << 20)) return false;
-  int size = 0;
-  return vekGetMaxCacheSizeB(&size) == vekStatusOk && size > 0 &&
-         traffic >= static_cast<size_t>(size);
-}
-
-// blocks() for a destination d of EB-byte elements: when worth streaming, the elements up to the
-// first 64-byte boundary of d run as usual, the whole blocks after it with non-temporal stores
-// (each block's stores then stay aligned to their size), the tail as usual, then a fence.
-template <size_t N, size_t EB, class Step>
-[[gnu::always_inline]] inline void blocks_nt(size_t n, const void* d, size_t traffic, Step&& step) {
-  const uintptr_t a = reinterpret_cast<uintptr_t>(d);
-  const size_t head = ((64 - a % 64) % 64) / EB;
-  if (a % EB != 0 || head + N > n || !worth_streaming(traffic)) return blocks<N>(n, step);
-  blocks<N>(head, step);
-  size_t i = head;
-  for (; i + N <= n; i += N) step(Kind<true, true>{}, i, N);
-  if (i < n) step(Kind<false>{}, i, n - i);
-  _mm_sfence();
-}
-
-// Plain, non-temporal or masked store of one vector.
-template <class K, class V>
-inline void put(void* p, size_t bytes, V v) {
-  if constexpr (K::stream) {
-    if constexpr (sizeof(V) == 64)
-      _mm512_stream_si512(static_cast<__m512i*>(p), reinterpret_cast<__m512i>(v));
-    if constexpr (sizeof(V) == 32)
-      _mm256_stream_si256(static_cast<__m256i*>(p), reinterpret_cast<__m256i>(v));
-    if constexpr (sizeof(V) == 16)
-      _mm_stream_si128(static_cast<__m128i*>(p), reinterpret_cast<__m128i>(v));
-  } else if constexpr (K::value) {
-    std::memcpy(p, &v, sizeof v);
-  } else {
-    const uint64_t m = mask_bytes(bytes);
-    if constexpr (sizeof(V) == 64) _mm512_mask_storeu_epi8(p, m, reinterpret_cast<__m512i>(v));
-    if constexpr (sizeof(V) == 32)
-      _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(m), reinterpret_cast<__m256i>(v));
-    if constexpr (sizeof(V) == 16)
-      _mm_mask_storeu_epi8(p, static_cast<__mmask16>(m), reinterpret_cast<__m128i>(v));
-  }
-}
-
-// frame's map() with the body's stores non-temporal when the call is worth streaming.
-template <class W, class TD, class F, class... TS>
-inline void map_nt(size_t n, TD* d, F&& f, const TS*... s) {
-  constexpr size_t N = map_lanes<W, TD, TS...>;
-  blocks_nt<N, sizeof(TD)>(
-      n, d, n * (sizeof(TD) + (sizeof(TS) + ... + 0)), [&](auto kind, size_t i, size_t c) {
-        if constexpr (kind) {
-          put<decltype(kind)>(d + i, 0,
-                              simd::convert<TD>(f(simd::convert<W>(simd::load<N>(s + i))...)));
-        } else {
-          put<decltype(kind)>(
-              d + i, c * sizeof(TD),
-              simd::convert<TD>(f(simd::convert<W>(simd::load_first<N>(s + i, c))...)));
-        }
-      });
 }
 
 template <bool Full>

@@ -41,9 +41,9 @@ VekStatus each(const T* s, T* d, int len, F&& f) {
   const size_t n = static_cast<size_t>(len);
   if constexpr (is_float<T>) {
     const FpScope fp;
-    cvt::map_nt<W>(n, d, f, s);
+    map<W>(n, d, f, s);
   } else {
-    cvt::map_nt<W>(n, d, f, s);
+    map<W>(n, d, f, s);
   }
   return vekStatusOk;
 }

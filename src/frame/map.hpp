@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "frame/simd.hpp"
+#include "frame/stream.hpp"
 
 namespace veks {
 
@@ -15,18 +16,23 @@ inline constexpr size_t map_lanes = 64 / std::max({sizeof(W), sizeof(TD), sizeof
 
 // d[i] = f(k, W(s[i])...) for i in [0, n); f maps VecN<W, N> lanes to lanes convertible to TD.
 // k is the number of lanes that hold elements: N for full vectors, fewer for the tail, whose
-// other lanes hold zeros and are not stored.
+// other lanes hold zeros and are not stored. Calls moving more bytes than the largest cache
+// store around the caches.
 template <class W, class TD, class F, class... TS>
 inline void map_n(size_t n, TD* d, F&& f, const TS*... s) {
   constexpr size_t N = map_lanes<W, TD, TS...>;
-  size_t i = 0;
-  for (; i + N <= n; i += N)
-    simd::store(d + i, simd::convert<TD>(f(N, simd::convert<W>(simd::load<N>(s + i))...)));
-  if (i < n) {
-    const size_t r = n - i;
-    simd::store_first(d + i, r,
-                      simd::convert<TD>(f(r, simd::convert<W>(simd::load_first<N>(s + i, r))...)));
-  }
+  blocks_nt<N, sizeof(TD)>(
+      n, d, stream_traffic(n * (sizeof(TD) + (sizeof(TS) + ... + 0)), d, s...),
+      [&](auto kind, size_t i, size_t c) {
+        if constexpr (kind) {
+          put<decltype(kind)>(d + i, 0,
+                              simd::convert<TD>(f(N, simd::convert<W>(simd::load<N>(s + i))...)));
+        } else {
+          put<decltype(kind)>(
+              d + i, c * sizeof(TD),
+              simd::convert<TD>(f(c, simd::convert<W>(simd::load_first<N>(s + i, c))...)));
+        }
+      });
 }
 
 // d[i] = f(W(s[i])...) for i in [0, n).

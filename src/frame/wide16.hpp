@@ -10,6 +10,7 @@
 
 #include "frame/scale.hpp"
 #include "frame/simd.hpp"
+#include "frame/stream.hpp"
 
 namespace veks {
 
@@ -47,16 +48,17 @@ struct ScaleUpPacked {
 // d[i] = step(x[i], y[i]) for 32 lanes at a time (y a pointer, or yconst when it is null).
 template <class Step>
 void run(const Vek16s* x, const Vek16s* y, __m512i yconst, Vek16s* d, size_t n, Step step) {
-  size_t i = 0;
-  for (; i + 32 <= n; i += 32) {
-    const __m512i yv = y ? _mm512_loadu_si512(y + i) : yconst;
-    _mm512_storeu_si512(d + i, step(_mm512_loadu_si512(x + i), yv));
-  }
-  if (i < n) {
-    const __mmask32 m = _bzhi_u32(~0u, static_cast<unsigned>(n - i));
-    const __m512i yv = y ? _mm512_maskz_loadu_epi16(m, y + i) : yconst;
-    _mm512_mask_storeu_epi16(d + i, m, step(_mm512_maskz_loadu_epi16(m, x + i), yv));
-  }
+  blocks_nt<32, 2>(
+      n, d, stream_traffic(n * (y ? 6 : 4), d, x, y), [&](auto kind, size_t i, size_t c) {
+        if constexpr (kind) {
+          const __m512i yv = y ? _mm512_loadu_si512(y + i) : yconst;
+          put<decltype(kind)>(d + i, 0, step(_mm512_loadu_si512(x + i), yv));
+        } else {
+          const __mmask32 m = _bzhi_u32(~0u, static_cast<unsigned>(c));
+          const __m512i yv = y ? _mm512_maskz_loadu_epi16(m, y + i) : yconst;
+          put<decltype(kind)>(d + i, 2 * c, step(_mm512_maskz_loadu_epi16(m, x + i), yv));
+        }
+      });
 }
 
 // Runs Op over n elements at scale factor sf (not above the operation's zero-fill bound).

@@ -9,6 +9,7 @@
 #include "frame/scale.hpp"
 #include "support/guarded.hpp"
 #include "support/refs.hpp"
+#include "vekcore.h"
 
 namespace {
 
@@ -50,6 +51,25 @@ TEST(Map, MixedWidthsAndInPlace) {
     for (size_t i = 0; i < n; ++i) ASSERT_EQ(f[i], a[i] * 0.5f + 1.0f);
     EXPECT_TRUE(f.guards_intact() && g.guards_intact());
   }
+}
+
+// Calls moving more bytes than the largest cache store around it: an aligned head, streamed
+// whole blocks and a masked tail, at every destination offset within a line.
+TEST(Map, StreamedCallsMatchAtEveryOffset) {
+  ASSERT_EQ(vekSetMaxCacheSizeB(4 << 20), 0);
+  const size_t n = (4 << 20) / 6 + 77;
+  const auto a = veks_test::edge_and_random<int16_t>(n, 3);
+  const auto b = veks_test::edge_and_random<int16_t>(n, 4);
+  for (size_t mis : {0, 2, 30, 62}) {
+    Guarded<int16_t> d(n, mis);
+    veks::map<int32_t>(
+        n, d.data(), [](auto x, auto y) { return veks::saturate<int16_t>(x - y); }, a.data(),
+        b.data());
+    for (size_t i = 0; i < n; ++i)
+      ASSERT_EQ(d[i], veks_test::scaled<int16_t>(a[i] - b[i], 0)) << mis << " " << i;
+    ASSERT_TRUE(d.guards_intact()) << mis;
+  }
+  vekSetMaxCacheSizeB(0);
 }
 
 }  // namespace
