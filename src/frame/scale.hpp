@@ -52,8 +52,17 @@ struct ScaleDown {
   L operator()(L r) const {
     using S = simd::lane_t<L>;
     const L bias = simd::splat<L>(static_cast<S>((S{1} << (sf - 1)) - 1));
-    const L odd = (r >> sf) & simd::splat<L>(1);
-    return saturate<D>((r + bias + odd) >> sf);
+    if constexpr (sizeof(L) == 64 && std::is_same_v<S, int32_t>) {
+      // one shift fewer: the kept part's lowest bit tested in place adds the extra one
+      const __m512i t = reinterpret_cast<__m512i>(r + bias);
+      const __mmask16 odd =
+          _mm512_test_epi32_mask(reinterpret_cast<__m512i>(r), _mm512_set1_epi32(1 << sf));
+      const __m512i up = _mm512_mask_sub_epi32(t, odd, t, _mm512_set1_epi32(-1));
+      return saturate<D>(reinterpret_cast<L>(_mm512_sra_epi32(up, _mm_cvtsi32_si128(sf))));
+    } else {
+      const L odd = (r >> sf) & simd::splat<L>(1);
+      return saturate<D>((r + bias + odd) >> sf);
+    }
   }
 };
 
