@@ -17,6 +17,10 @@ int main(int argc, char** argv) {
     float* f1 = random_buffer<float>(2 * n, -4, 4, 1);
     float* f2 = random_buffer<float>(2 * n, 0.5, 4, 2);
     float* fd = buffer<float>(2 * n);
+    // Unit-modulus pairs (0.6, 0.8): in-place products keep the destination's magnitudes, so
+    // repeated calls never drift into subnormals, infinities or NaNs.
+    float* unit = buffer<float>(2 * n);
+    for (size_t i = 0; i < 2 * n; ++i) unit[i] = i % 2 ? 0.8f : 0.6f;
     Vek16s* s1 = random_buffer<Vek16s>(2 * n, -32768, 32767, 3);
     Vek16s* s2 = random_buffer<Vek16s>(2 * n, -32768, 32767, 4);
     Vek16s* sd = buffer<Vek16s>(2 * n);
@@ -44,7 +48,7 @@ int main(int argc, char** argv) {
     v.add("Sqrt_32f", c, 8 * n, [=] { return veksSqrt_32f(f2, fd, len); });
     v.add("Magnitude_32fc", c, 12 * n, [=] { return veksMagnitude_32fc(c1, fd, len); });
     v.add("MulPerm_32f", c, 12 * n, [=] { return veksMulPerm_32f(f1, f2, fd, len); });
-    v.add("MulPerm_32f_I", c, 12 * n, [=] { return veksMulPerm_32f_I(f1, fd, len); });
+    v.add("MulPerm_32f_I", c, 12 * n, [=] { return veksMulPerm_32f_I(unit, fd, len); });
   }
   return v.main(argc, argv, "Element-wise arithmetic");
 }
