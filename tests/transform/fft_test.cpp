@@ -293,16 +293,15 @@ std::pair<std::vector<typename K::R>, std::vector<LD>> io(const Case& c, bool in
   return {in, want};
 }
 
-// Each flag, direction and layout of kind K against the references; returns the largest error
-// in units of eps * log2(N).
+// Each flag, direction and layout of kind K against the references. Specifications sit at an
+// aligned address for odd orders, one byte past one for even orders.
 template <class K>
-LD check_accuracy(int order, std::initializer_list<int> flags) {
+void check_accuracy(int order, std::initializer_list<int> flags) {
   using R = typename K::R;
   const Case c(order, K::shape == kReal);
   const LD unit = kEps<R> * std::max(c.order, 1);
-  LD worst = 0;
   for (int flag : flags) {
-    Plan<K> p(c.order, flag);
+    Plan<K> p(c.order, flag, 1 - size_t(order % 2));
     for (int inv = 0; inv < 2; ++inv)
       for (int lay = 0; lay < K::layouts; ++lay) {
         const auto [in, want] = io<K>(c, inv, lay);
@@ -312,10 +311,8 @@ LD check_accuracy(int order, std::initializer_list<int> flags) {
         EXPECT_LE(err, c.order ? kC * unit : 0)  // one point is copied
             << "order " << c.order << ", flag " << flag << (inv ? ", inverse" : ", forward")
             << ", layout " << lay;
-        worst = std::max(worst, err / unit);
       }
   }
-  return worst;
 }
 
 template <class K>
@@ -324,10 +321,7 @@ using Kinds = ::testing::Types<C32fc, C32f, R32f, C64fc, C64f, R64f>;
 TYPED_TEST_SUITE(FFT, Kinds);
 
 TYPED_TEST(FFT, MatchesTheReferenceAtEveryOrderAndFlag) {
-  LD worst = 0;
-  for (int order = 0; order <= 16; ++order)
-    worst = std::max(worst, check_accuracy<TypeParam>(order, {1, 2, 4, 8}));
-  std::printf("largest error: %.3Lf eps log2(N)\n", worst);
+  for (int order = 0; order <= 16; ++order) check_accuracy<TypeParam>(order, {1, 2, 4, 8});
 }
 
 // Larger orders, where the blocked algorithm runs (from 19 in 32f, 18 in 64f; one more for the
@@ -338,9 +332,7 @@ TYPED_TEST(FFT, MatchesTheReferenceAtLargeOrders) {
   std::vector<int> orders{f32 ? 19 : 18 + (K::shape == kReal)};
   if (K::shape != kSplit) orders.push_back(20);
   if (K::shape != kSplit && !kSanitized) orders.push_back(f32 ? 22 : 21);
-  LD worst = 0;
-  for (int order : orders) worst = std::max(worst, check_accuracy<K>(order, {1, 2}));
-  std::printf("largest error: %.3Lf eps log2(N)\n", worst);
+  for (int order : orders) check_accuracy<K>(order, {1, 2});
 }
 
 // In place and out of place agree bit for bit at every order up to 20; the inverse of the forward
@@ -371,10 +363,10 @@ TYPED_TEST(FFT, InPlaceMatchesOutOfPlaceAndRoundTrips) {
           << "round trip, order " << order << ", flag " << flag;
     }
     if constexpr (K::shape == kReal) {
-      EXPECT_TRUE(same_bits(y[kPack], layout_of(y[kCCS], kPack, n))) << "order " << order;
-      EXPECT_TRUE(same_bits(y[kPerm], layout_of(y[kCCS], kPerm, n))) << "order " << order;
-      EXPECT_EQ(y[kCCS][1], 0) << "order " << order;
-      EXPECT_EQ(y[kCCS].back(), 0) << "order " << order;
+      EXPECT_TRUE(same_bits(y[kPack], layout_of(y[kCCS], kPack, n)) &&
+                  same_bits(y[kPerm], layout_of(y[kCCS], kPerm, n)))
+          << "order " << order;
+      EXPECT_TRUE(y[kCCS][1] == 0 && y[kCCS].back() == 0) << "order " << order;
       EXPECT_TRUE(same_bits(z[kPack], z[kPerm]) && same_bits(z[kCCS], z[kPerm])) << order;
     }
     EXPECT_TRUE(std::equal(spec.begin(), spec.end(), p.spec.get())) << "specification written";
@@ -488,39 +480,12 @@ TYPED_TEST(FFT, InitChecksInOrderAndFillsTheHeader) {
       const size_t n = size_t{1} << order;
       const bool sq = flag == VEK_FFT_NORM_SQRT_N, none = flag == VEK_FFT_NORM_NONE;
       const R scale = sq ? static_cast<R>(1 / std::sqrt(double(n))) : none ? 0 : R(1) / R(n);
-      if (std::is_same_v<R, float> && order == 1 && sq) {
-        EXPECT_EQ(scale, R(0.70710677f));
-      }
       const int32_t work = std::max(p.work_size - 64, 0);
       const Header<R> want{K::id, order, flag == 1 || sq, flag == 2 || sq, scale, kHint, work, 0};
       EXPECT_EQ(reinterpret_cast<unsigned char*>(p.h), align64(p.spec.get()));
       EXPECT_EQ(0, std::memcmp(p.h, &want, offsetof(Header<R>, zero) + 4))
           << "order " << order << ", flag " << flag;
     }
-}
-
-// Specifications built at an unaligned address and at an aligned one hold the same bytes from
-// their handles on; words that point into the block are compared as offsets from the handle.
-TYPED_TEST(FFT, SpecificationContentDoesNotDependOnAlignment) {
-  using K = TypeParam;
-  for (int order : {0, 4, 6, 7, 9, 12, 18, 19, 20}) {
-    const Plan<K> a(order, VEK_FFT_NORM_SQRT_N, 1), b(order, VEK_FFT_NORM_SQRT_N, 0);
-    const auto* ha = reinterpret_cast<const unsigned char*>(a.h);
-    const auto* hb = reinterpret_cast<const unsigned char*>(b.h);
-    ASSERT_EQ(ha, a.spec.get() + 63);
-    ASSERT_EQ(hb, b.spec.get());
-    EXPECT_TRUE(Exact::filled(a.spec.get(), ha)) << "wrote before the handle";
-    const size_t len = size_t(a.spec_size) - 64;
-    size_t differ = 0;
-    for (size_t i = 0; i + 8 <= len; i += 8) {
-      uint64_t u, v;
-      std::memcpy(&u, ha + i, 8), std::memcpy(&v, hb + i, 8);
-      const uint64_t ua = reinterpret_cast<uintptr_t>(ha), ub = reinterpret_cast<uintptr_t>(hb);
-      differ += u >= ua && u < ua + len ? v - ub != u - ua : u != v;
-    }
-    EXPECT_EQ(differ, 0u) << "order " << order;
-    EXPECT_EQ(0, std::memcmp(ha + len / 8 * 8, hb + len / 8 * 8, len % 8));
-  }
 }
 
 TYPED_TEST(FFT, ExecutionChecksWriteNothing) {
@@ -649,7 +614,6 @@ TEST(FFTHuge, LargestComplexOrder) {
   const LD unit = kEps<float> * kHugeOrder;
   const LD fwd_err = std::sqrt((tone_err + err * LD(n) / 4096) / (LD(n) * energy));
   EXPECT_LE(fwd_err, kC * unit) << "forward";
-  std::printf("forward error: %.3Lf eps log2(N)\n", fwd_err / unit);
   ASSERT_EQ(veksFFTFwd_CToC_32fc_I(x, p.h, p.buf()), vekStatusOk);
   EXPECT_EQ(0, std::memcmp(x, y, bytes)) << "in place differs from out of place";
   ASSERT_EQ(veksFFTInv_CToC_32fc_I(y, p.h, p.buf()), vekStatusOk);
