@@ -99,8 +99,10 @@ inline __m512i step(const Scale& s, __m512i x, const Operand& y) {
 
 template <class Scale>
 void run(const Vek16sc* x, const Vek16sc* y, __m512i yconst, Vek16sc* d, size_t n, const Scale& s) {
-  const auto each = [&](auto&& operand, size_t traffic) {
-    blocks_nt<16, 4>(n, d, stream_traffic(traffic, d, x, y), [&](auto kind, size_t i, size_t c) {
+  // The lambdas take the pointers and the scale by value: captured by reference they were read
+  // again from memory after every store.
+  const auto each = [=](auto operand, size_t traffic) {
+    blocks_nt<16, 4>(n, d, stream_traffic(traffic, d, x, y), [=](auto kind, size_t i, size_t c) {
       if constexpr (kind) {
         put<decltype(kind)>(d + i, 0, step(s, _mm512_loadu_si512(x + i), operand(kind, i, c)));
       } else {
@@ -112,10 +114,10 @@ void run(const Vek16sc* x, const Vek16sc* y, __m512i yconst, Vek16sc* d, size_t 
   };
   if (y == nullptr) {
     const Operand yc(yconst);
-    each([&](auto, size_t, size_t) { return yc; }, 8 * n);
+    each([yc](auto, size_t, size_t) { return yc; }, 8 * n);
   } else {
     each(
-        [&](auto kind, size_t i, size_t c) {
+        [y](auto kind, size_t i, size_t c) {
           if constexpr (kind) {
             return Operand(_mm512_loadu_si512(y + i));
           } else {

@@ -148,7 +148,7 @@ bool f32_quotients(X x, Y y, TD* d, size_t n, Scale<float> sc) {
   const __m512i hi = _mm512_set1_epi32(static_cast<int32_t>(Limits<TD>::max()));
   const __m512i lo = _mm512_set1_epi32(static_cast<int32_t>(Limits<TD>::min()));
   __mmask16 zeros = 0;
-  const auto block = [&](size_t i, unsigned r) {
+  const auto block = [&](size_t i, unsigned r) __attribute__((always_inline)) {
     __m512 xv = f32_lanes(x, i, r), yv = f32_lanes(y, i, r);
     const __mmask16 z = _mm512_cmp_ps_mask(xv, _mm512_setzero_ps(), _CMP_EQ_OQ) &
                         static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));

@@ -49,7 +49,7 @@ struct ScaleUpPacked {
 template <class Step>
 void run(const Vek16s* x, const Vek16s* y, __m512i yconst, Vek16s* d, size_t n, Step step) {
   blocks_nt<32, 2>(
-      n, d, stream_traffic(n * (y ? 6 : 4), d, x, y), [&](auto kind, size_t i, size_t c) {
+      n, d, stream_traffic(n * (y ? 6 : 4), d, x, y), [=](auto kind, size_t i, size_t c) {
         if constexpr (kind) {
           const __m512i yv = y ? _mm512_loadu_si512(y + i) : yconst;
           put<decltype(kind)>(d + i, 0, step(_mm512_loadu_si512(x + i), yv));
