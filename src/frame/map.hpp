@@ -23,8 +23,7 @@ inline void map_n(size_t n, TD* d, F&& f, const TS*... s) {
   constexpr size_t N = map_lanes<W, TD, TS...>;
   blocks_nt<N, sizeof(TD)>(
       n, d, stream_traffic(n * (sizeof(TD) + (sizeof(TS) + ... + 0)), d, s...),
-      [&f, d, s...](auto kind, size_t i,
-                    size_t c) {  // pointers by value: not reloaded after stores
+      [=, &f](auto kind, size_t i, size_t c) {  // pointers by value: not reloaded after stores
         if constexpr (kind) {
           put<decltype(kind)>(d + i, 0,
                               simd::convert<TD>(f(N, simd::convert<W>(simd::load<N>(s + i))...)));
