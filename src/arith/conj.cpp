@@ -15,8 +15,6 @@ namespace {
 
 using VI = __m512i;
 
-inline __mmask64 first_bytes(size_t n) { return _bzhi_u64(~0ULL, static_cast<unsigned>(n)); }
-
 // ---- complex products ----------------------------------------------------------------------
 
 // Interleaved complex values of T in a 512-bit vector: loads of whole and partial vectors,

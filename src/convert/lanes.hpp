@@ -46,12 +46,11 @@ inline constexpr bool is24 = std::is_same_v<T, I24> || std::is_same_v<T, U24>;
 inline __mmask16 mask16(size_t count) {
   return static_cast<__mmask16>(_bzhi_u32(0xFFFFu, static_cast<unsigned>(count)));
 }
-inline uint64_t mask_bytes(size_t bytes) { return _bzhi_u64(~0ULL, static_cast<unsigned>(bytes)); }
 
 // 16 packed 24-bit elements into 32-bit lanes, sign- or zero-extended.
 template <class T>
 inline __m512i load24(const Vek8u* p, size_t count) {
-  const __m512i raw = _mm512_maskz_loadu_epi8(mask_bytes(3 * count), p);
+  const __m512i raw = _mm512_maskz_loadu_epi8(first_bytes(3 * count), p);
   // Each 128-bit lane k takes the 12 bytes of elements 4k..4k+3, then every element moves to the
   // top three bytes of its 32-bit lane, from where one shift extends it.
   const __m512i spread = _mm512_permutexvar_epi32(
@@ -73,7 +72,7 @@ inline void store24(Vek8u* p, size_t count, __m512i v) {
                                                                   13, 14, -1, -1, -1, -1)));
   const __m512i dense = _mm512_permutexvar_epi32(
       _mm512_setr_epi32(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 15, 15, 15, 15), packed);
-  _mm512_mask_storeu_epi8(p, mask_bytes(3 * count), dense);
+  _mm512_mask_storeu_epi8(p, first_bytes(3 * count), dense);
 }
 
 template <bool Full>

@@ -64,8 +64,6 @@ void copy_bits_t(const u8* s, size_t sq, u8* d, size_t dq, size_t len) {
 
 using V = __m512i;
 
-inline __mmask64 first_bytes(size_t n) { return _bzhi_u64(~0ULL, static_cast<unsigned>(n)); }
-
 // In-lane byte shuffle reversing each group of W bytes.
 template <size_t W>
 inline V group_reverse_control() {

@@ -16,7 +16,6 @@ using V = __m512i;
 
 inline V load(const char* p) { return _mm512_loadu_si512(p); }
 inline void store(char* p, V v) { _mm512_storeu_si512(p, v); }
-inline __mmask64 first_bytes(size_t n) { return _bzhi_u64(~0ULL, static_cast<unsigned>(n)); }
 inline size_t to_boundary(const char* p) { return 64 - (reinterpret_cast<uintptr_t>(p) & 63); }
 
 bool cache_below(size_t bytes, bool at_least) {

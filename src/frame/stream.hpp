@@ -14,10 +14,6 @@
 
 namespace veks {
 
-inline uint64_t first_bytes_mask(size_t bytes) {
-  return _bzhi_u64(~0ULL, static_cast<unsigned>(bytes));
-}
-
 // What a block is: whole (plain loads and stores) or the partial one at the end (masked), and
 // whether its stores bypass the caches.
 template <bool Full, bool Stream = false>
@@ -80,7 +76,7 @@ inline void put(void* p, size_t bytes, V v) {
   } else if constexpr (K::value) {
     std::memcpy(p, &v, sizeof v);
   } else {
-    const uint64_t m = first_bytes_mask(bytes);
+    const uint64_t m = first_bytes(bytes);
     if constexpr (sizeof(V) == 64) {
       _mm512_mask_storeu_epi8(p, m, reinterpret_cast<__m512i>(v));
     } else if constexpr (sizeof(V) == 32) {
