@@ -164,11 +164,13 @@ bool f32_quotients(X x, Y y, TD* d, size_t n, Scale<float> sc) {
       qi = _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
     } else if constexpr (Mode == kDivNearestEven) {
       qi = _mm512_cvt_roundps_epi32(q, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-    } else {  // q + 1/2 with the sign of q, rounded toward zero, then truncated
+    } else {  // q * 1 + 1/2 with the sign of q, rounded toward zero (on the idle multiply-add
+              // units), then truncated
       const __m512i half =
           _mm512_ternarylogic_epi32(_mm512_castps_si512(q), _mm512_set1_epi32(INT32_MIN),
                                     _mm512_set1_epi32(0x3F000000), 0xEA);
-      q = _mm512_add_round_ps(q, _mm512_castsi512_ps(half), _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
+      q = _mm512_fmadd_round_ps(q, one, _mm512_castsi512_ps(half),
+                                _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
       qi = _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
     }
     qi = _mm512_mask_mov_epi32(qi, z, hi);

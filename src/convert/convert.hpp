@@ -207,15 +207,17 @@ constexpr int kRoundEven = _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC;
 constexpr int kRoundZero = _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC;
 
 // Ties away from zero is done as: add 1/2 with the sign of the value, the sum rounded toward zero,
-// then truncate; exact for every binary32 and binary64 value. The other two modes convert with
-// their rounding embedded in the instruction.
+// then truncate; exact for every binary32 and binary64 value. The add is issued as v * 1 + 1/2
+// (the same single rounding) because the multiply-add units are idle here, while the adders also
+// run the clamp and the conversion. The other two modes convert with their rounding embedded in
+// the instruction.
 template <Rnd R>
 inline __m512 prepare(__m512 v) {
   if constexpr (R != Rnd::Away) return v;
   const __m512i half =
       _mm512_ternarylogic_epi32(_mm512_castps_si512(v), _mm512_set1_epi32(INT32_MIN),
                                 _mm512_set1_epi32(0x3F000000), 0xEA);  // (v & sign) | 0.5
-  return _mm512_add_round_ps(v, _mm512_castsi512_ps(half), kRoundZero);
+  return _mm512_fmadd_round_ps(v, _mm512_set1_ps(1.0f), _mm512_castsi512_ps(half), kRoundZero);
 }
 template <Rnd R>
 inline __m512d prepare(__m512d v) {
@@ -223,7 +225,7 @@ inline __m512d prepare(__m512d v) {
   const __m512i half =
       _mm512_ternarylogic_epi64(_mm512_castpd_si512(v), _mm512_set1_epi64(INT64_MIN),
                                 _mm512_set1_epi64(0x3FE0000000000000LL), 0xEA);
-  return _mm512_add_round_pd(v, _mm512_castsi512_pd(half), kRoundZero);
+  return _mm512_fmadd_round_pd(v, _mm512_set1_pd(1.0), _mm512_castsi512_pd(half), kRoundZero);
 }
 
 // Sixteen binary32 lanes (already scaled) rounded to 32-bit lanes that are at most D's maximum;

@@ -36,9 +36,11 @@ inline void st(R* p, CV<R, W> v) {
 template <class V>
 inline constexpr int lanes = int(sizeof(V) / sizeof(V{}[0]));
 
+// x in every lane. (x - 0 is x for every x, signed zeros included, so the subtraction folds
+// away; 0 + x would not, and would cost a scalar add before the broadcast.)
 template <class V>
 inline V splat(decltype(V{}[0] + 0) x) {
-  return V{} + x;
+  return x - V{};
 }
 
 namespace detail {
