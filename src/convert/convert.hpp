@@ -424,12 +424,23 @@ inline __m256i float_to_half(__m512 v, bool hw) {
   return float_to_half_sw<ToZero>(v);
 }
 
-// Sixteen binary32 lanes from load(i, count) into binary16 at d + i.
+// Binary32 lanes from load(full, i, count), 16 at a time, into binary16 at d + i; whole blocks of
+// 32 are stored as one full vector (half-vector stores slow the streamed calls).
 template <bool ToZero, class Load>
-void to_half_run(Vek16f* d, size_t n, bool hw, Load&& load) {
+void to_half_run(Vek16f* d, size_t n, bool hw, Load load) {
   const FpScope fp(ToZero ? FpRound::Zero : FpRound::Nearest);
-  blocks_nt<16, 2>(n, d, 6 * n, [&](auto full, size_t i, size_t c) {
-    store_epi16<decltype(full)>(d + i, c, float_to_half<ToZero>(load(full, i, c), hw));
+  blocks_nt<32, 2>(n, d, 6 * n, [=](auto full, size_t i, size_t c) {
+    using K = decltype(full);
+    if constexpr (full) {
+      const __m256i lo = float_to_half<ToZero>(load(full, i, 16), hw);
+      const __m256i hi = float_to_half<ToZero>(load(full, i + 16, 16), hw);
+      put<K>(d + i, 64, _mm512_inserti64x4(_mm512_castsi256_si512(lo), hi, 1));
+    } else {
+      const size_t c0 = c < 16 ? c : 16;
+      store_epi16<K>(d + i, c0, float_to_half<ToZero>(load(full, i, c0), hw));
+      if (c > 16)
+        store_epi16<K>(d + i + 16, c - 16, float_to_half<ToZero>(load(full, i + 16, c - 16), hw));
+    }
   });
 }
 
