@@ -321,35 +321,26 @@ struct Straight {
   // The transform of x[] (natural order, W points per register), left in x[].
   [[gnu::always_inline]] static inline void regs(V* x, const R* tw, bool scaled, R scale) {
     V y[NV];
-    if constexpr (p.w == 0) {
-      // One point per register: the vertical passes alone, from x.
-      rest<0, 1>(x, y, tw, scaled, scale);
-      if constexpr (p.nv % 2 == 1) {
+    constexpr int m = N / W;
 #pragma GCC unroll 64
-        for (int i = 0; i < NV; ++i) x[i] = y[i];
-      }
-    } else {
-      constexpr int m = N / W;
+    for (int b = 0; b < m / W; ++b) {
+      V a[W];
+#pragma GCC unroll 8
+      for (int k = 0; k < W; ++k) a[k] = x[b + k * (m / W)];
+      dft<W, Inv>(a);
+#pragma GCC unroll 8
+      for (int j = 1; j < W; ++j)
+        a[j] = cmul<Inv>(a[j], ld<R, W>(tw + 2 * W * ((W - 1) * b + j - 1)));
+      transpose<W>(a);
+#pragma GCC unroll 8
+      for (int k = 0; k < W; ++k) y[W * b + k] = a[k];
+    }
+    rest<0, W>(y, x, tw + 2 * (W - 1) * m, scaled, scale);
+    // rest() ends in x after an odd number of vertical passes' ping-pong (counting the last);
+    // the copy costs nothing once the registers are allocated.
+    if constexpr (p.nv % 2 == 0) {
 #pragma GCC unroll 64
-      for (int b = 0; b < m / W; ++b) {
-        V a[W];
-#pragma GCC unroll 8
-        for (int k = 0; k < W; ++k) a[k] = x[b + k * (m / W)];
-        dft<W, Inv>(a);
-#pragma GCC unroll 8
-        for (int j = 1; j < W; ++j)
-          a[j] = cmul<Inv>(a[j], ld<R, W>(tw + 2 * W * ((W - 1) * b + j - 1)));
-        transpose<W>(a);
-#pragma GCC unroll 8
-        for (int k = 0; k < W; ++k) y[W * b + k] = a[k];
-      }
-      rest<0, W>(y, x, tw + 2 * (W - 1) * m, scaled, scale);
-      // rest() ends in x after an odd number of vertical passes' ping-pong (counting the last);
-      // the copy costs nothing once the registers are allocated.
-      if constexpr (p.nv % 2 == 0) {
-#pragma GCC unroll 64
-        for (int i = 0; i < NV; ++i) x[i] = y[i];
-      }
+      for (int i = 0; i < NV; ++i) x[i] = y[i];
     }
   }
   static inline void run(const R* src, R* dst, const R* tw, bool scaled, R scale) {
