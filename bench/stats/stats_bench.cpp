@@ -2,12 +2,9 @@
 // the same traffic (the shared harness) and beside a plain read of the same bytes: a 32-bit sum
 // loop the compiler vectorises, registered as its own rows ("read/<bytes>B"). The reductions
 // only read, so the read loop is their natural limit; after the harness's table the program
-// prints, per operation and size, read time / operation time from the fastest repetitions (> 0.9
-// is the goal). Timings are taken from the JSON file the benchmark library writes
-// (--benchmark_out, defaulting to a temporary file).
+// prints, per operation and size, read time / operation time (> 0.9 is the goal), once from the
+// fastest repetitions and once from the fastest batches of calls.
 #include <cstdint>
-#include <fstream>
-#include <sstream>
 
 #include "support/versus.hpp"
 
@@ -30,35 +27,35 @@ struct Row {
   size_t col;
 };
 
-// Fastest per-iteration real time of every benchmark in the library's JSON output.
-std::map<std::string, double> fastest(const std::string& path) {
-  std::ifstream in(path);
-  std::map<std::string, double> best;
-  std::string line, name, type;
-  while (std::getline(in, line)) {
-    auto value = [&](const char* key) -> std::string {
-      const std::string k = std::string("\"") + key + "\": ";
-      const size_t at = line.find(k);
-      if (at == std::string::npos) return {};
-      size_t b = at + k.size(), e = line.size();
-      while (e > b && (line[e - 1] == ',' || line[e - 1] == ' ' || line[e - 1] == '"')) --e;
-      if (b < e && line[b] == '"') ++b;
-      return std::string(line.begin() + static_cast<std::ptrdiff_t>(b),
-                         line.begin() + static_cast<std::ptrdiff_t>(e));
-    };
-    if (auto v = value("name"); !v.empty()) {
-      name = v;
-      const size_t rt = name.find("/real_time");
-      if (rt != std::string::npos) name.erase(rt);
+void print_reads(const std::vector<size_t>& sizes, const std::vector<Row>& rows,
+                 const std::map<std::string, double>& best, const char* how) {
+  std::printf(
+      "\nratio = plain read time / operation time for the same bytes read (%s; goal >= 0.9)"
+      "\n%-22s",
+      how, "operation");
+  for (size_t s : sizes) std::printf(" %22s", veks_bench::count_label(s).c_str());
+  std::printf("\n%-22s", "");
+  for (size_t i = 0; i < sizes.size(); ++i) std::printf(" %22s", "GB/s op|read  ratio");
+  std::printf("\n");
+  std::vector<std::string> ops;
+  for (const Row& r : rows)
+    if (std::find(ops.begin(), ops.end(), r.op) == ops.end()) ops.push_back(r.op);
+  for (const std::string& op : ops) {
+    std::printf("%-22s", op.c_str());
+    for (size_t c = 0; c < sizes.size(); ++c) {
+      const auto r = std::find_if(rows.begin(), rows.end(),
+                                  [&](const Row& w) { return w.op == op && w.col == c; });
+      const std::string label = "/" + veks_bench::count_label(sizes[c]);
+      const auto t = best.find(op + label), b = best.find(r->read + label);
+      if (t == best.end() || b == best.end()) {
+        std::printf(" %22s", "n/a");
+        continue;
+      }
+      const double gb = std::stod(std::string(r->read.begin() + 5, r->read.end())) * 1e-9;
+      std::printf("   %6.1f|%6.1f %6.2f", gb / t->second, gb / b->second, b->second / t->second);
     }
-    if (auto v = value("run_type"); !v.empty()) type = v;
-    if (auto v = value("real_time"); !v.empty() && type == "iteration") {
-      const double t = std::stod(v);
-      auto [it, fresh] = best.emplace(name, t);
-      if (!fresh) it->second = std::min(it->second, t);
-    }
+    std::printf("\n");
   }
-  return best;
 }
 
 }  // namespace
@@ -103,49 +100,9 @@ int main(int argc, char** argv) {
     add("MaxAbsIndx_16s", c, 2 * n, [=] { return veksMaxAbsIndx_16s(h, len, &s16, &i0); });
   }
 
-  std::vector<std::string> args(argv, argv + argc);
-  std::string out = "/tmp/veks_bench_stats.json";
-  bool has_out = false;
-  for (const std::string& a : args)
-    if (a.rfind("--benchmark_out=", 0) == 0) out = a.substr(16), has_out = true;
-  if (!has_out) args.push_back("--benchmark_out=" + out);
-  bool has_format = false;
-  for (const std::string& a : args) has_format |= a.rfind("--benchmark_out_format=", 0) == 0;
-  if (!has_format) args.push_back("--benchmark_out_format=json");
-  std::vector<char*> ptrs;
-  for (std::string& a : args) ptrs.push_back(a.data());
-  const int rc = v.main(static_cast<int>(ptrs.size()), ptrs.data(),
-                        "Statistics: reductions beside a copy of the same traffic");
+  const int rc = v.main(argc, argv, "Statistics: reductions beside a copy of the same traffic");
   if (rc != 0) return rc;
-
-  const auto best = fastest(out);
-  std::printf(
-      "\nratio = plain read time / operation time for the same bytes read "
-      "(fastest repetitions; goal >= 0.9)\n%-22s",
-      "operation");
-  for (size_t s : sizes) std::printf(" %22s", veks_bench::count_label(s).c_str());
-  std::printf("\n%-22s", "");
-  for (size_t i = 0; i < sizes.size(); ++i) std::printf(" %22s", "GB/s op|read  ratio");
-  std::printf("\n");
-  std::vector<std::string> ops;
-  for (const Row& r : rows)
-    if (std::find(ops.begin(), ops.end(), r.op) == ops.end()) ops.push_back(r.op);
-  for (const std::string& op : ops) {
-    std::printf("%-22s", op.c_str());
-    for (size_t c = 0; c < sizes.size(); ++c) {
-      const auto r = std::find_if(rows.begin(), rows.end(),
-                                  [&](const Row& w) { return w.op == op && w.col == c; });
-      const std::string label = "/" + veks_bench::count_label(sizes[c]);
-      const auto t = best.find(op + label), b = best.find(r->read + label);
-      if (t == best.end() || b == best.end()) {
-        std::printf(" %22s", "n/a");
-        continue;
-      }
-      const double bytes = std::stod(std::string(r->read.begin() + 5, r->read.end()));
-      std::printf("   %6.1f|%6.1f %6.2f", bytes / t->second, bytes / b->second,
-                  b->second / t->second);
-    }
-    std::printf("\n");
-  }
+  print_reads(sizes, rows, v.repetitions(), "fastest repetitions");
+  print_reads(sizes, rows, v.batches(), "fastest batches of calls");
   return 0;
 }

@@ -122,11 +122,17 @@ class Versus {
     }
     Reporter rep(best_);
     benchmark::RunSpecifiedBenchmarks(&rep);
+    batches_ = fastest_batches();
     print(title, best_, "fastest repetitions");
-    print(title, fastest_batches(), "fastest batches of calls");
+    print(title, batches_, "fastest batches of calls");
     benchmark::Shutdown();
     return 0;
   }
+
+  // Seconds per call of every benchmark by name ("op/64K"): from the fastest repetition, and from
+  // the fastest batch. Filled by main().
+  const std::map<std::string, double>& repetitions() const { return best_; }
+  const std::map<std::string, double>& batches() const { return batches_; }
 
  private:
   struct Entry {
@@ -222,7 +228,7 @@ class Versus {
   std::map<std::pair<std::string, size_t>, Cell> cells_;
   std::map<std::string, size_t> copies_;
   std::vector<Entry> entries_;
-  std::map<std::string, double> best_;
+  std::map<std::string, double> best_, batches_;
 };
 
 }  // namespace veks_bench
