@@ -105,6 +105,16 @@ void build_rec(R* fwd, R* inv, const R* sine, int base, int order) {
 }
 
 // ---- small kernels ----------------------------------------------------------------------------
+// Calls f.template operator()<K>() with the register kernel K for a complex transform of the
+// order: the 256-bit one for 16 double points in place, the full-width one otherwise.
+template <class R, int Order, bool Inv, class F>
+void with_kernel(bool in_place, F&& f) {
+  if constexpr (std::is_same_v<R, double> && Order == 4) {
+    if (in_place) return f.template operator()<Sixteen<Inv>>();
+  }
+  f.template operator()<Straight<R, Order, Inv, Prec<R>::logv>>();
+}
+
 template <class R, int Order, bool Inv>
 struct SmallC {
   static constexpr Plan plan = make_plan(Order, Prec<R>::logv);
@@ -121,7 +131,8 @@ struct SmallC {
       R y[4] = {src[0] + src[2], src[1] + src[3], src[0] - src[2], src[1] - src[3]};
       for (int i = 0; i < 4; ++i) dst[i] = scaled ? y[i] * scale : y[i];
     } else {
-      Straight<R, Order, Inv, Prec<R>::logv>::run(src, dst, tw.data(), scaled, scale);
+      with_kernel<R, Order, Inv>(src == dst,
+                                 [&]<class K>() { K::run(src, dst, tw.data(), scaled, scale); });
     }
   }
   static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }
@@ -442,10 +453,9 @@ struct RealStraight {
 // Real transforms of 8 .. 2^kRealFullMax points as complex transforms of the same length with
 // zero imaginary parts: at these sizes the full-width complex kernels beat the half-length path,
 // and they are as accurate as the complex kinds. The inverse completes the spectrum by symmetry
-// (X[N-k] = conj X[k]) and keeps the real parts.
-template <class R, int Order, bool Inv>
+// (X[N-k] = conj X[k]) and keeps the real parts. S is the complex kernel.
+template <class R, int Order, bool Inv, class S = Straight<R, Order, Inv, Prec<R>::logv>>
 struct RealFull {
-  using S = Straight<R, Order, Inv, Prec<R>::logv>;
   using V = typename S::V;
   static constexpr int W = S::W, NV = S::NV, H = NV / 2;
   using Half = CV<R, W / 2>;  // W reals
@@ -591,7 +601,9 @@ struct SmallR {
         small_complex<R, false>(1, src, dst, scaled, scale);
         recombine<R, false>(dst, n, 2, nullptr);  // reads no factor at this order
       } else {
-        RealFull<R, Order, false>::fwd(src, dst, scaled, scale);
+        with_kernel<R, Order, false>(src == dst, [&]<class K>() {
+          RealFull<R, Order, false, K>::fwd(src, dst, scaled, scale);
+        });
       }
       perm_to<L>(dst, n);
     } else if constexpr (Order == 2) {
@@ -604,7 +616,8 @@ struct SmallR {
         to_perm<L>(src, dst, n);
         s = dst;
       }
-      RealFull<R, Order, true>::inv(s, dst, scaled, scale);
+      with_kernel<R, Order, true>(
+          s == dst, [&]<class K>() { RealFull<R, Order, true, K>::inv(s, dst, scaled, scale); });
     }
   }
   static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }

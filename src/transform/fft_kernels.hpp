@@ -269,6 +269,19 @@ void run_plan(const Plan& p, Buf<R> src, Buf<R> dst, Buf<R> scr, const R* tw, bo
 }
 
 // ---- straight-line kernels (up to 512 points in float, 256 in double) -------------------------
+// K's transform of src into dst (which may be src) through registers: K::NV vectors of K::W
+// points, natural order.
+template <class K, class R>
+[[gnu::always_inline]] inline void in_registers(const R* src, R* dst, const R* tw, bool scaled,
+                                                R scale) {
+  typename K::V x[K::NV];
+#pragma GCC unroll 64
+  for (int i = 0; i < K::NV; ++i) x[i] = ld<R, K::W>(src + 2 * K::W * i);
+  K::regs(x, tw, scaled, scale);
+#pragma GCC unroll 64
+  for (int i = 0; i < K::NV; ++i) st<R, K::W>(dst + 2 * K::W * i, x[i]);
+}
+
 // The same passes with the whole transform held in registers: every index is a compile-time
 // constant, so the passes reduce to butterflies on named registers and the transposes.
 template <class R, int Order, bool Inv, int Logv>
@@ -344,12 +357,49 @@ struct Straight {
     }
   }
   static inline void run(const R* src, R* dst, const R* tw, bool scaled, R scale) {
-    V x[NV];
-#pragma GCC unroll 64
-    for (int i = 0; i < NV; ++i) x[i] = ld<R, W>(src + 2 * W * i);
-    regs(x, tw, scaled, scale);
-#pragma GCC unroll 64
-    for (int i = 0; i < NV; ++i) st<R, W>(dst + 2 * W * i, x[i]);
+    in_registers<Straight>(src, dst, tw, scaled, scale);
+  }
+};
+
+// The 16-point double transform of Straight<double, 4, Inv, 2> on 256-bit registers, two points
+// in each: the same operations on every value, so the results are bit-identical, but its
+// transpose is one round of 128-bit lane exchanges where the full-width kernel needs two rounds
+// of 512-bit permutes. It is the shorter path from load to store, and the full-width kernel the
+// faster one when calls do not wait on each other: it serves transforms in place, where one
+// call's output is typically the next one's input.
+template <bool Inv>
+struct Sixteen {
+  using V = CV<double, 2>;
+  static constexpr int W = 2, N = 16, NV = 8;
+  // x[i] holds points 2i and 2i + 1, in and out.
+  [[gnu::always_inline]] static inline void regs(V* x, const double* tw, bool scaled,
+                                                 double scale) {
+    V b[4][2];  // b[j][h]: output j of the first radix-4 of columns 2h and 2h + 1, twiddled
+#pragma GCC unroll 2
+    for (int h = 0; h < 2; ++h) {
+      V a[4] = {x[h], x[2 + h], x[4 + h], x[6 + h]};
+      dft<4, Inv>(a);
+      b[0][h] = a[0];
+#pragma GCC unroll 4
+      for (int j = 1; j < 4; ++j)
+        b[j][h] = cmul<Inv>(a[j], ld<double, 2>(tw + 8 * (j - 1) + 4 * h));
+    }
+#pragma GCC unroll 2
+    for (int h = 0; h < 2; ++h) {
+      V a[4];  // a[c]: column c's outputs 2h and 2h + 1
+#pragma GCC unroll 2
+      for (int q = 0; q < 2; ++q) {
+        a[2 * q] = __builtin_shufflevector(b[2 * h][q], b[2 * h + 1][q], 0, 1, 4, 5);
+        a[2 * q + 1] = __builtin_shufflevector(b[2 * h][q], b[2 * h + 1][q], 2, 3, 6, 7);
+      }
+      dft<4, Inv>(a);
+#pragma GCC unroll 4
+      for (int m = 0; m < 4; ++m) x[2 * m + h] = scaled ? a[m] * splat<V>(scale) : a[m];
+    }
+  }
+  static inline void run(const double* src, double* dst, const double* tw, bool scaled,
+                         double scale) {
+    in_registers<Sixteen>(src, dst, tw, scaled, scale);
   }
 };
 
