@@ -35,11 +35,12 @@ using lane_t = typename LaneOf<L>::type;
 template <class L>
 inline constexpr bool is_vector = !std::is_same_v<lane_t<L>, L>;
 
-// Every lane set to x.
+// Every lane set to x. (x - 0 is x for every x, -0 included, so it folds away; 0 + x would turn
+// -0 into +0.)
 template <class L>
 inline L splat(lane_t<L> x) {
   if constexpr (is_vector<L>) {
-    return L{} + x;
+    return x - L{};
   } else {
     return x;
   }

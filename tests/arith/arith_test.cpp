@@ -158,7 +158,9 @@ void sweep(const char* name, Exact exact, int bound, bool constant, Forms... for
   SCOPED_TRACE(name);
   auto a = data<TA>(130, 1);
   if constexpr (std::is_floating_point_v<TA>) a[0] = -0.0, a[1] = -INFINITY, a[2] = NAN;
-  const auto bs = data<TB>(constant ? 10 : 130, 2);
+  auto bs = data<TB>(constant ? 10 : 130, 2);
+  if constexpr (std::is_floating_point_v<TB>) bs[0] = -0.0;  // a constant -0 keeps its sign
+  if constexpr (std::is_same_v<TB, Vek32fc> || std::is_same_v<TB, Vek64fc>) bs[0] = {-0.0, -0.0};
   const int sf_lo = bound == kNoScale ? 0 : -40, sf_hi = bound == kNoScale ? 0 : 70;
   for (size_t c = 0; c < (constant ? bs.size() : 1); ++c) {
     const std::vector<TB> b = constant ? std::vector<TB>(130, bs[c]) : bs;
