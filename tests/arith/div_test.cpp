@@ -1,6 +1,6 @@
 // Division: integer quotients against exact rational rounding in 128-bit integers for every scale
 // factor and rounding mode, zero-divisor substitutes and warnings, floating-point quotients
-// against IEEE division, and the threaded paths at their thresholds.
+// against IEEE division, error statuses, and the threaded paths at their thresholds.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,47 +9,46 @@
 
 #include "support/guarded.hpp"
 #include "support/refs.hpp"
-#include "vekcore.h"
+#include "threads.hpp"
 #include "veks.h"
 
 namespace {
 
-using veks_test::edge_and_random;
-using veks_test::i128;
+using namespace veks_test;
 
 constexpr size_t kN = 77;
 
 // round(y / x * 2^-sf) by mode, saturated; a zero divisor gives max for y >= 0, else min.
 template <class TD>
 i128 quotient(i128 y, i128 x, int sf, int mode = 1) {
-  if (x == 0) return y < 0 ? veks_test::lo_of<TD>() : veks_test::hi_of<TD>();
-  return veks_test::ratio<TD>(x < 0 ? -y : y, x < 0 ? -x : x, sf, mode);
-}
-
-template <class T>
-auto with_mode(int mode, VekStatus (*f)(const T*, const T*, T*, int, int, int)) {
-  return [=](const T* x, const T* y, T* d, int n, int sf) { return f(x, y, d, n, mode, sf); };
+  if (x == 0) return y < 0 ? lo_of<TD>() : hi_of<TD>();
+  return ratio<TD>(x < 0 ? -y : y, x < 0 ? -x : x, sf, mode);
 }
 
 // Random and extreme operands with zero and small divisors, sf from -70 to 90; then pairs whose
 // scaled quotient y * 2^k / x lies 1/x from an integer or 1/(2x) from a half-integer without
-// reaching it: where a floating-point quotient too narrow for the operands rounds across.
-template <class TX, class TY, class TD, class F>
-void sweep(const char* name, F fn, int mode = 1) {
+// reaching it: where a floating-point quotient too narrow for the operands rounds across. Each
+// form is called as (x, y, d, n, sf).
+template <class TX, class TY, class TD, class... F>
+void sweep(const char* name, int mode, F... forms) {
   SCOPED_TRACE(name);
+  const auto check = [&](auto fn, const std::vector<TX>& x, const std::vector<TY>& y, int sf,
+                         VekStatus want) -> ::testing::AssertionResult {
+    Guarded<TD> d(x.size(), 2 * sizeof(TD));
+    if (fn(x.data(), y.data(), d.data(), int(x.size()), sf) != want)
+      return ::testing::AssertionFailure() << "status at sf " << sf;
+    for (size_t i = 0; i < x.size(); ++i)
+      if (i128(d[i]) != quotient<TD>(y[i], x[i], sf, mode))
+        return ::testing::AssertionFailure() << sf << ": " << +y[i] << " / " << +x[i];
+    return ::testing::AssertionResult(d.guards_intact());
+  };
   auto x = edge_and_random<TX>(kN, 21);
   const auto y = edge_and_random<TY>(kN, 22);
   for (size_t i : {5, 9, 12, int(kN) - 1}) x[i] = 0;
   for (TX& v : x) v = static_cast<TX>(v % 8 == 3 ? v / 1024 : v);
-  for (int sf = -70; sf <= 90; sf += (sf < -45 || sf > 40 ? 5 : 1)) {
-    veks_test::Guarded<TD> d(kN, 2 * sizeof(TD));
-    ASSERT_EQ(fn(x.data(), y.data(), d.data(), int(kN), sf), vekStatusWarnZeroDivisor);
-    for (size_t i = 0; i < kN; ++i)
-      ASSERT_EQ(i128(d[i]), quotient<TD>(y[i], x[i], sf, mode))
-          << sf << " " << +y[i] << " " << +x[i];
-    ASSERT_TRUE(d.guards_intact());
-  }
-  const i128 xmax = veks_test::hi_of<TX>();
+  for (int sf = -70; sf <= 90; sf += (sf < -45 || sf > 40 ? 5 : 1))
+    for (const auto& ok : {check(forms, x, y, sf, vekStatusWarnZeroDivisor)...}) ASSERT_TRUE(ok);
+  const i128 xmax = hi_of<TX>();
   for (int k = 1; k <= 40; ++k) {
     std::vector<TX> xs;
     std::vector<TY> ys;
@@ -58,38 +57,41 @@ void sweep(const char* name, F fn, int mode = 1) {
       for (int i = 0; i < k; ++i) inv = inv % 2 == 0 ? inv / 2 : (inv + xv) / 2;
       for (i128 target : {(xv - 1) / 2, (xv + 1) / 2, i128(1), xv - 1}) {
         const i128 yv = target * inv % xv;  // yv * 2^k = target (mod xv)
-        if (yv > 0 && yv <= veks_test::hi_of<TY>() && ((yv << k) / xv) < veks_test::hi_of<TD>())
+        if (yv > 0 && yv <= hi_of<TY>() && ((yv << k) / xv) < hi_of<TD>())
           xs.push_back(TX(xv)), ys.push_back(TY(yv));
       }
     }
-    std::vector<TD> d(xs.size());
     if (xs.empty()) continue;
-    ASSERT_EQ(fn(xs.data(), ys.data(), d.data(), int(xs.size()), -k), vekStatusOk);
-    for (size_t i = 0; i < xs.size(); ++i)
-      ASSERT_EQ(i128(d[i]), quotient<TD>(ys[i], xs[i], -k, mode)) << k << " " << +ys[i];
+    for (const auto& ok : {check(forms, xs, ys, -k, vekStatusOk)...}) ASSERT_TRUE(ok);
   }
 }
 
-TEST(IntegerDivision, QuotientsAreExactlyRoundedForEveryScaleFactor) {
-#define DIV(S, D) sweep<Vek##S, Vek##D, Vek##D>("Div_" #D, veksDiv_##D##_Sfs)
-  DIV(8u, 8u), DIV(16s, 16s), DIV(16u, 16u), DIV(32s, 32s);
-  sweep<Vek16s, Vek32s, Vek16s>("Div_32s16s", veksDiv_32s16s_Sfs);
-#define ROUND(T) \
-  sweep<Vek##T, Vek##T, Vek##T>("Div_Round_" #T, with_mode(m, veksDiv_Round_##T##_Sfs), m)
-  for (int m = 0; m <= 2; ++m) ROUND(8u), ROUND(16s), ROUND(16u);
-#undef DIV
-#undef ROUND
-}
+// The out-of-place and the in-place form of a member; the extra arguments go before sf.
+#define FORMS(T, name, ...)                                                              \
+  sweep<Vek##T, Vek##T, Vek##T>(                                                         \
+      #name #T, mode,                                                                    \
+      [=](auto x, auto y, auto d, int n, int sf) {                                       \
+        return veks##name##_##T##_Sfs(x, y, d, n, __VA_ARGS__ sf);                       \
+      },                                                                                 \
+      [=](auto x, auto y, auto d, int n, int sf) {                                       \
+        return std::copy(y, y + n, d), veks##name##_##T##_ISfs(x, d, n, __VA_ARGS__ sf); \
+      })
 
-TEST(IntegerDivision, InPlaceConstantAndComplexForms) {
-  const auto x = edge_and_random<Vek16s>(kN, 23), y = edge_and_random<Vek16s>(kN, 24);
+TEST(IntegerDivision, QuotientsAreExactlyRoundedForEveryScaleFactor) {
+  int mode = 1;
+  FORMS(8u, Div), FORMS(16s, Div), FORMS(16u, Div), FORMS(32s, Div);
+  sweep<Vek16s, Vek32s, Vek16s>("Div_32s16s", mode, veksDiv_32s16s_Sfs);
+  for (mode = 0; mode <= 2; ++mode)
+    FORMS(8u, Div_Round, mode, ), FORMS(16s, Div_Round, mode, ), FORMS(16u, Div_Round, mode, );
+}
+#undef FORMS
+
+// Constants and complex quotients, exact.
+TEST(IntegerDivision, ConstantAndComplexForms) {
+  const auto y = edge_and_random<Vek16s>(kN, 24);
+  const auto u = edge_and_random<Vek16u>(kN, 25);
+  const auto b = edge_and_random<Vek8u>(kN, 26);
   for (int sf : {-20, -3, 0, 2, 15}) {
-    std::vector<Vek16s> d(kN), in = y, r(kN), rin = y;
-    EXPECT_EQ(veksDiv_16s_ISfs(x.data(), in.data(), int(kN), sf),
-              veksDiv_16s_Sfs(x.data(), y.data(), d.data(), int(kN), sf));
-    veksDiv_Round_16s_Sfs(x.data(), y.data(), r.data(), int(kN), 2, sf);
-    veksDiv_Round_16s_ISfs(x.data(), rin.data(), int(kN), 2, sf);
-    EXPECT_TRUE(in == d && rin == r);
     for (Vek16s val : {-32768, -3, 7, 32767}) {
       std::vector<Vek16s> c(kN), cin = y;
       ASSERT_EQ(veksDivC_16s_Sfs(y.data(), val, c.data(), int(kN), sf) |
@@ -98,16 +100,17 @@ TEST(IntegerDivision, InPlaceConstantAndComplexForms) {
       for (size_t i = 0; i < kN; ++i) ASSERT_EQ(i128(c[i]), quotient<Vek16s>(y[i], val, sf));
       EXPECT_EQ(cin, c);
     }
+    std::vector<Vek16u> rev(kN);
+    std::vector<Vek8u> c8(kN);
+    EXPECT_EQ(veksDivCRev_16u(u.data(), Vek16u(1000 + sf), rev.data(), int(kN)),
+              vekStatusWarnZeroDivisor);
+    ASSERT_EQ(veksDivC_8u_Sfs(b.data(), 3, c8.data(), int(kN), sf / 4), vekStatusOk);
+    for (size_t i = 0; i < kN; ++i)
+      EXPECT_TRUE(rev[i] == quotient<Vek16u>(1000 + sf, u[i], 0) &&
+                  c8[i] == quotient<Vek8u>(b[i], 3, sf / 4));
   }
-  const auto u = edge_and_random<Vek16u>(kN, 25);
-  const auto b = edge_and_random<Vek8u>(kN, 26);
-  std::vector<Vek16u> rev(kN);
-  std::vector<Vek8u> c8(kN);
-  EXPECT_EQ(veksDivCRev_16u(u.data(), 1000, rev.data(), int(kN)), vekStatusWarnZeroDivisor);
-  ASSERT_EQ(veksDivC_8u_Sfs(b.data(), 3, c8.data(), int(kN), -2), vekStatusOk);
-  for (size_t i = 0; i < kN; ++i)
-    EXPECT_TRUE(rev[i] == quotient<Vek16u>(1000, u[i], 0) && c8[i] == quotient<Vek8u>(b[i], 3, -2));
-  // Complex: ((ac + bd) + (bc - ad)i) / (c^2 + d^2), each part exact; zero divisor: both parts 0.
+  // Complex: ((ac + bd) + (bc - ad)i) / (c^2 + d^2), each part exact; the divisor (0, 0) gives
+  // each part's substitute.
   const auto r4 = edge_and_random<Vek16s>(4 * kN, 27);
   std::vector<Vek16sc> cx(kN), cy(kN);
   for (size_t i = 0; i < kN; ++i)
@@ -123,12 +126,11 @@ TEST(IntegerDivision, InPlaceConstantAndComplexForms) {
       for (auto [got, xv] : {std::pair{d[i], cx[i]}, {c[i], cx[1]}}) {
         const Vek16sc yv = cy[i];
         const i128 den = i128(xv.re) * xv.re + i128(xv.im) * xv.im;
-        const i128 re = i128(yv.re) * xv.re + i128(yv.im) * xv.im,
-                   im = i128(yv.im) * xv.re - i128(yv.re) * xv.im;
-        ASSERT_TRUE(got.re ==
-                        (den ? quotient<Vek16s>(re, den, sf) : quotient<Vek16s>(yv.re, 0, 0)) &&
-                    got.im == (den ? quotient<Vek16s>(im, den, sf) : quotient<Vek16s>(yv.im, 0, 0)))
-            << "sf=" << sf << " i=" << i;
+        const i128 re = den ? i128(yv.re) * xv.re + i128(yv.im) * xv.im : yv.re,
+                   im = den ? i128(yv.im) * xv.re - i128(yv.re) * xv.im : yv.im;
+        ASSERT_TRUE(got.re == quotient<Vek16s>(re, den, sf) &&
+                    got.im == quotient<Vek16s>(im, den, sf))
+            << "sf " << sf << " i " << i;
       }
   }
 }
@@ -146,20 +148,13 @@ TEST(IntegerDivision, SixtyFourBitByConstant) {
         ASSERT_EQ(i128(d[i]), want) << "val=" << val << " sf=" << sf << " x=" << x[i];
       }
     }
-  std::vector<Vek64s> z = {5, 0, -5};
+  std::vector<Vek64s> z = {5, 0, -5};  // the one constant form that stores substitutes
   EXPECT_EQ(veksDivC_64s_ISfs(0, z.data(), 3, 0), vekStatusWarnZeroDivisor);
   EXPECT_EQ(z, (std::vector<Vek64s>{INT64_MAX, INT64_MAX, INT64_MIN}));
 }
 
-// A bad rounding mode and a zero constant are errors: nothing is written.
-TEST(IntegerDivision, ErrorStatuses) {
-  const Vek16s x[3] = {2, 2, 2}, y[3] = {7, 5, -5};
-  veks_test::Guarded<Vek16s> g(3);
-  EXPECT_EQ(veksDiv_Round_16s_Sfs(x, y, g.data(), 3, 3, 0), vekStatusBadRoundMode);
-  EXPECT_EQ(veksDivC_16s_Sfs(y, 0, g.data(), 3, 0), vekStatusZeroDivisor);
-  EXPECT_TRUE(g.unchanged());
-}
-
+// IEEE quotients at lengths through every tail, a zero divisor in the masked tail; constants by
+// the reciprocal; complex quotients near the long-double ones.
 TEST(FloatDivision, IeeeQuotientsAndWarnings) {
   for (size_t n = 1; n <= 130; n += 7) {
     std::vector<float> x(n), y(n), d(n), in(n);
@@ -167,66 +162,77 @@ TEST(FloatDivision, IeeeQuotientsAndWarnings) {
       x[i] = std::cos(float(i) * 1.7f) * 5, y[i] = std::sin(float(i) + 0.1f);
     ASSERT_EQ(veksDiv_32f(x.data(), y.data(), d.data(), int(n)), vekStatusOk);
     for (size_t i = 0; i < n; ++i) ASSERT_EQ(d[i], y[i] / x[i]);
-    x[n - 1] = -0.0f;  // a zero divisor in the masked tail
+    x[n - 1] = -0.0f;
     in = y;
     ASSERT_EQ(veksDiv_32f_I(x.data(), in.data(), int(n)), vekStatusWarnZeroDivisor);
     ASSERT_TRUE(std::isinf(in[n - 1]) || std::isnan(in[n - 1]));
     ASSERT_EQ(veksDivCRev_32f(x.data(), 2.0f, d.data(), int(n)), vekStatusWarnZeroDivisor);
     for (size_t i = 0; i + 1 < n; ++i) ASSERT_EQ(d[i], 2.0f / x[i]);
     ASSERT_EQ(veksDivC_32f(y.data(), 3.0f, d.data(), int(n)), vekStatusOk);
-    for (size_t i = 0; i < n; ++i) ASSERT_EQ(d[i], y[i] * (1.0f / 3.0f));  // by the reciprocal
+    for (size_t i = 0; i < n; ++i) ASSERT_EQ(d[i], y[i] * (1.0f / 3.0f));
   }
   const std::vector<Vek64fc> a = {{1, 2}, {0, 0}, {-3, 0.5}, {0, -0.0}},
                              b = {{3, -1}, {1, 1}, {2, 2}, {4, 4}};
   std::vector<Vek64fc> q(4);
   EXPECT_EQ(veksDiv_64fc(a.data(), b.data(), q.data(), 4), vekStatusWarnZeroDivisor);
   for (size_t i : {0, 2}) {
-    const auto want =
-        std::complex<long double>(b[i].re, b[i].im) / std::complex<long double>(a[i].re, a[i].im);
+    const auto want = std::complex<LD>(b[i].re, b[i].im) / std::complex<LD>(a[i].re, a[i].im);
     EXPECT_TRUE(std::fabs(q[i].re - want.real()) < 4e-16 &&
                 std::fabs(q[i].im - want.imag()) < 4e-16);
   }
   EXPECT_EQ(veksDiv_64fc(b.data(), a.data(), q.data(), 4), vekStatusOk);  // (1, 1) is no zero
-  veks_test::Guarded<float> g(4);
+}
+
+// A bad rounding mode and a zero constant are errors: nothing is written.
+TEST(Division, ErrorStatuses) {
+  const Vek16s x[3] = {2, 2, 2}, y[3] = {7, 5, -5};
   const float s[4] = {1, 2, 3, 4};
+  Guarded<float> g(4);
+  const auto d = reinterpret_cast<Vek16s*>(g.data());
+  EXPECT_EQ(veksDiv_Round_16s_Sfs(x, y, d, 3, 3, 0), vekStatusBadRoundMode);
+  EXPECT_EQ(veksDivC_16s_Sfs(y, 0, d, 3, 0), vekStatusZeroDivisor);
   EXPECT_EQ(veksDivC_32f(s, 0.0f, g.data(), 4), vekStatusZeroDivisor);
   EXPECT_EQ(veksDivC_32fc(reinterpret_cast<const Vek32fc*>(s), Vek32fc{0, -0.0f},
                           reinterpret_cast<Vek32fc*>(g.data()), 2),
             vekStatusZeroDivisor);
   EXPECT_TRUE(g.unchanged());
-  EXPECT_EQ(veksDivC_32f(s, std::nanf(""), g.data(), 4), vekStatusOk);  // NaN passes
+  EXPECT_EQ(veksDivC_32f(s, std::nanf(""), g.data(), 4), vekStatusOk);  // a NaN is no zero
   EXPECT_TRUE(std::isnan(g[0]));
 }
 
-// At n - 1 and n elements with a zero divisor in one thread's range, one and two threads give
-// identical results and the warning.
-TEST(FloatDivision, ThreadedMembersEqualSerialOnEitherSideOfTheThreshold) {
-  const int saved = ownGetNumThreads();
-  const auto check = [](auto fn, auto one, int threshold) {
-    using T = std::remove_cvref_t<decltype(one)>;
-    for (int len : {threshold - 1, threshold})
-      for (int where : {0, len / 2 - 1, len / 2, len - 1}) {
-        std::vector<T> x(size_t(len), one), y(x.size());
-        for (int i = 0; i < len; ++i) y[size_t(i)] = static_cast<T>(i % 100 + 1);
-        x[size_t(where)] = T(0);
-        std::vector<T> out[2] = {std::vector<T>(size_t(len)), std::vector<T>(size_t(len))};
-        for (int t : {1, 2}) {
-          ASSERT_EQ(vekSetNumThreads(t), vekStatusOk);
-          ASSERT_EQ(fn(x.data(), y.data(), out[t - 1].data(), len), vekStatusWarnZeroDivisor)
-              << "len " << len << " zero at " << where << " threads " << t;
-        }
-        ASSERT_TRUE(out[0] == out[1]) << "len " << len << " zero at " << where;
+// At threshold - 1 and threshold elements, with the zero divisor in the first range or only in
+// the last one: one and two threads give the same bytes and the warning.
+template <class T, class F>
+void split_equals_serial(F fn, T one, int threshold) {
+  const TwoThreads restore;
+  for (int len : {threshold - 1, threshold})
+    for (int where : {0, len - 1}) {
+      std::vector<T> x(size_t(len), one), y(x.size()), out[2] = {y, y};
+      fill_bytes(y.data(), y.size() * sizeof(T), uint64_t(len));
+      x[size_t(where)] = T{};
+      for (int t : {1, 2}) {
+        ASSERT_EQ(vekSetNumThreads(t), vekStatusOk);
+        ASSERT_EQ(fn(x.data(), y.data(), out[t - 1].data(), len), vekStatusWarnZeroDivisor)
+            << "len " << len << " zero at " << where << " threads " << t;
       }
-  };
-  check(veksDiv_32f, 3.0f, 4096);
-  check(veksDiv_64f, 3.0, 1024);
-  check([](auto x, auto y, auto d, int n) { return veksDiv_16s_Sfs(x, y, d, n, 1); }, Vek16s(3),
-        1024);
-  check([](auto x, auto y, auto d, int n) { return veksDiv_Round_8u_Sfs(x, y, d, n, 2, 0); },
-        Vek8u(3), 512);
-  check([](auto x, auto y, auto d, int n) { return veksDivCRev_16u(x, y[0], d, n); }, Vek16u(3),
-        2048);
-  vekSetNumThreads(saved);
+      ASSERT_EQ(std::memcmp(out[0].data(), out[1].data(), y.size() * sizeof(T)), 0)
+          << "len " << len << " zero at " << where;
+    }
+}
+
+TEST(Division, ThreadedMembersEqualSerialOnEitherSideOfTheThreshold) {
+  split_equals_serial(veksDiv_32f, 3.0f, 4096);
+  split_equals_serial(veksDiv_64f, 3.0, 1024);
+  split_equals_serial([](auto x, auto y, auto d, int n) { return veksDiv_16s_Sfs(x, y, d, n, 1); },
+                      Vek16s(3), 1024);
+  split_equals_serial(
+      [](auto x, auto y, auto d, int n) { return veksDiv_Round_8u_Sfs(x, y, d, n, 2, 0); },
+      Vek8u(3), 512);
+  split_equals_serial([](auto x, auto y, auto d, int n) { return veksDivCRev_16u(x, y[0], d, n); },
+                      Vek16u(3), 2048);
+  split_equals_serial(
+      [](auto x, auto y, auto d, int n) { return veksDiv_16sc_Sfs(x, y, d, n, -3); },
+      Vek16sc{3, -1}, 1024);
 }
 
 }  // namespace

@@ -7,14 +7,15 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cmath>
 #include <cstring>
 #include <random>
 #include <vector>
 
-#include "support/checks.hpp"
 #include "support/guarded.hpp"
 #include "support/refs.hpp"
+#include "veks.h"
 
 namespace {
 
@@ -120,16 +121,12 @@ void check_extremes(VekStatus (*minmax)(const T*, int, T*, int*, T*, int*),
 
 TEST(Extremes, FirstIndexOfEveryExtremeMatchesTheSequentialRule) {
 #define MM(S) veksMinMaxIndx_##S, veksMinMax_##S
-#define ALL(S) {veksMin_##S, veksMax_##S, veksMinAbs_##S, veksMaxAbs_##S}
-  check_extremes<Vek8u>(MM(8u));
-  check_extremes<Vek16u>(MM(16u));
-  check_extremes<Vek32u>(MM(32u));
-  check_extremes<Vek16s>(MM(16s),
-                         {veksMinIndx_16s, veksMaxIndx_16s, veksMinAbsIndx_16s, veksMaxAbsIndx_16s},
-                         ALL(16s));
-  check_extremes<Vek32s>(MM(32s),
-                         {veksMinIndx_32s, veksMaxIndx_32s, veksMinAbsIndx_32s, veksMaxAbsIndx_32s},
-                         ALL(32s));
+#define ALL(S, ...)                                                                       \
+  {veksMin##__VA_ARGS__##_##S, veksMax##__VA_ARGS__##_##S, veksMinAbs##__VA_ARGS__##_##S, \
+   veksMaxAbs##__VA_ARGS__##_##S}
+  check_extremes<Vek8u>(MM(8u)), check_extremes<Vek16u>(MM(16u)), check_extremes<Vek32u>(MM(32u));
+  check_extremes<Vek16s>(MM(16s), ALL(16s, Indx), ALL(16s));
+  check_extremes<Vek32s>(MM(32s), ALL(32s, Indx), ALL(32s));
   check_extremes<Vek32f>(MM(32f), {veksMinIndx_32f, veksMaxIndx_32f}, ALL(32f));
   check_extremes<Vek64f>(MM(64f), {veksMinIndx_64f, veksMaxIndx_64f}, ALL(64f));
 #undef MM
@@ -183,10 +180,15 @@ TEST(MaxOrder, BitLengthsExponentsAndTheNaNWarning) {
   const Vek32s zeros[] = {0, 0};
   EXPECT_EQ(veksMaxOrder_32s(nullptr, 0, &o), vekStatusBadSize);  // the length comes first
   EXPECT_EQ(veksMaxOrder_32s(zeros, 1, nullptr), vekStatusNullPtr);
-  ASSERT_EQ(veksMaxOrder_32s(zeros, 2, &o), 0);
-  EXPECT_EQ(o, 0);
-  const auto order = [](auto x) {
+  EXPECT_TRUE(veksMaxOrder_32s(zeros, 2, &o) == 0 && o == 0);
+  const auto bits = [](auto x) {
     return int(std::bit_width(x < 0 ? 0u - unsigned(x) : unsigned(x)));
+  };
+  const auto expo = [](auto x) { return x == 0 ? 0 : std::ilogb(x) + 1; };
+  const auto order = [&](auto fn, const auto& v, auto key) {  // the member's order == max key
+    int want = INT_MIN, got = -1;
+    for (auto x : v) want = std::max(want, key(x));
+    return fn(v.data(), int(v.size()), &got) == 0 && got == want;
   };
   for (int n : lengths()) {
     const size_t un = static_cast<size_t>(n);
@@ -197,19 +199,9 @@ TEST(MaxOrder, BitLengthsExponentsAndTheNaNWarning) {
     if (n % 5 == 0) s[un - 1] = INT16_MIN, w[un - 1] = INT32_MIN;
     f[un / 3] = std::ldexp(n % 2 ? 1.0f : -1.0f, n % 30 - 5);  // exact powers of two
     const std::vector<double> d(f.begin(), f.end());
-    int os = 0, ow = 0;
-    long double mf = 0;
-    for (size_t i = 0; i < un; ++i)
-      os = std::max(os, order(s[i])), ow = std::max(ow, order(w[i])), mf = std::max(mf, mag(f[i]));
-    const int ef = mf == 0 ? 0 : std::ilogb(static_cast<double>(mf)) + 1;
-    ASSERT_EQ(veksMaxOrder_16s(s.data(), n, &o), 0);
-    EXPECT_EQ(o, os);
-    ASSERT_EQ(veksMaxOrder_32s(w.data(), n, &o), 0);
-    EXPECT_EQ(o, ow);
-    ASSERT_EQ(veksMaxOrder_32f(f.data(), n, &o), 0);
-    EXPECT_EQ(o, ef);
-    ASSERT_EQ(veksMaxOrder_64f(d.data(), n, &o), 0);
-    EXPECT_EQ(o, ef);
+    ASSERT_TRUE(order(veksMaxOrder_16s, s, bits) && order(veksMaxOrder_32s, w, bits) &&
+                order(veksMaxOrder_32f, f, expo) && order(veksMaxOrder_64f, d, expo))
+        << n;
     f[un / 2] = NAN;
     ASSERT_EQ(veksMaxOrder_32f(f.data(), n, &o), vekStatusWarnNaN);
     f[0] = -INFINITY;
@@ -246,19 +238,6 @@ TEST(Lookup, NearestTableEntryWithMidpointsGoingLow) {
   }
 }
 
-TEST(Counting, OpenIntervalCounts) {
-  int c = -1;
-  for (int n : lengths()) {
-    const auto v = random_vec<Vek32s>(static_cast<size_t>(n), -10, 10, static_cast<unsigned>(n));
-    for (auto [lo, hi] : {std::pair{-3, 4}, {INT32_MIN, INT32_MAX}, {5, -5}, {0, 1}}) {
-      int want = 0;
-      for (Vek32s x : v) want += lo < x && x < hi;
-      ASSERT_EQ(veksCountInRange_32s(v.data(), n, &c, lo, hi), 0);
-      ASSERT_EQ(c, want) << n;
-    }
-  }
-}
-
 template <class T>
 double crossings(const std::vector<T>& v, int measure) {
   double c = 0;
@@ -273,7 +252,7 @@ double crossings(const std::vector<T>& v, int measure) {
   return c;
 }
 
-TEST(ZeroCrossing, ThreeMeasuresOnFloatAndSixteenBitData) {
+TEST(ZeroCrossingAndCounting, ThreeMeasuresAndOpenIntervals) {
   const float e[] = {1, 0, -1};
   Vek32f r = 42;
   EXPECT_EQ(veksZeroCrossing_32f(e, 3, &r, 3), vekStatusBadMode);
@@ -284,34 +263,25 @@ TEST(ZeroCrossing, ThreeMeasuresOnFloatAndSixteenBitData) {
   ASSERT_EQ(veksZeroCrossing_32f(pz, 4, &r, vekCrossSignBit), 0);
   EXPECT_EQ(r, 3);
   for (int n : lengths()) {
-    auto f = random_vec<float>(static_cast<size_t>(n), -1, 1, static_cast<unsigned>(n));
-    auto s = random_vec<Vek16s>(static_cast<size_t>(n), -2, 2.99, static_cast<unsigned>(n));
+    const auto un = static_cast<size_t>(n);
+    const auto u = static_cast<unsigned>(n);
+    auto f = random_vec<float>(un, -1, 1, u);
+    auto s = random_vec<Vek16s>(un, -2, 2.99, u);
     for (size_t i = 0; i < s.size(); i += 3) f[i] = 0, s[i] = (i % 2 ? -32768 : 32767);
     for (int m = 0; m < 3; ++m) {
-      ASSERT_EQ(veksZeroCrossing_32f(f.data(), static_cast<Vek32u>(n), &r, m), 0);
-      ASSERT_EQ(r, crossings(f, m)) << n << " measure " << m;
-      ASSERT_EQ(veksZeroCrossing_16s32f(s.data(), static_cast<Vek32u>(n), &r, m), 0);
-      ASSERT_EQ(r, crossings(s, m)) << n << " measure " << m;
+      Vek32f rs = -1;
+      ASSERT_TRUE(veksZeroCrossing_32f(f.data(), Vek32u(n), &r, m) == 0 &&
+                  veksZeroCrossing_16s32f(s.data(), Vek32u(n), &rs, m) == 0);
+      ASSERT_TRUE(r == crossings(f, m) && rs == crossings(s, m)) << n << " measure " << m;
+    }
+    // Counts in open intervals, also empty and reversed ones.
+    const auto v = random_vec<Vek32s>(un, -10, 10, u);
+    for (auto [lo, hi] : {std::pair{-3, 4}, {INT32_MIN, INT32_MAX}, {5, -5}, {0, 1}}) {
+      int want = 0, c = -1;
+      for (Vek32s x : v) want += lo < x && x < hi;
+      ASSERT_TRUE(veksCountInRange_32s(v.data(), n, &c, lo, hi) == 0 && c == want) << n;
     }
   }
-}
-
-// Pointers (the index of Min/MaxIndx is optional) then the length, nothing written on an error;
-// MaxOrder checks the length first (above).
-TEST(ExtremesChecks, PointersThenLengthAndNothingWritten) {
-  const auto spec = [](const std::string& name) {
-    CheckSpec s;
-    const auto has = [&](const char* part) { return name.find(part) != std::string::npos; };
-    if (has("Indx_") && !has("MinMax")) s.optional = 1u << 3;
-    if (has("Every_") && !has("_I")) s.len_at = 3;  // an unsigned length
-    if (has("ZeroCrossing")) s.len_at = 1;
-    if (has("MaxOrder")) s.len_at = s.kSkip;
-    return s;
-  };
-  EXPECT_EQ(
-      expect_family_checks(
-          {"veksMin", "veksMax", "veksFindNearest", "veksCountInRange", "veksZeroCrossing"}, spec),
-      2 * (4 + 4 + 2 + 4 + 10) + 2 * 7 + 4 + 3 + 2);  // Min*, Max*, MinMax*, MaxOrder, others
 }
 
 }  // namespace
