@@ -105,15 +105,14 @@ void build_rec(R* fwd, R* inv, const R* sine, int base, int order) {
 }
 
 // ---- small kernels ----------------------------------------------------------------------------
-// Calls f.template operator()<K>() with the register kernel K for a complex transform of the
-// order: the 256-bit one for 16 double points in place, the full-width one otherwise.
-template <class R, int Order, bool Inv, class F>
-void with_kernel(bool in_place, F&& f) {
-  if constexpr (std::is_same_v<R, double> && Order == 4) {
-    if (in_place) return f.template operator()<Sixteen<Inv>>();
-  }
-  f.template operator()<Straight<R, Order, Inv, Prec<R>::logv>>();
-}
+// The register kernel of a complex transform of the order in place: the 256-bit one for 16
+// double points, the full-width one otherwise (which also serves every order out of place).
+template <class R, int Order, bool Inv>
+using InPlace = std::conditional_t<std::is_same_v<R, double> && Order == 4, Sixteen<Inv>,
+                                   Straight<R, Order, Inv, Prec<R>::logv>>;
+template <class R, int Order, bool Inv>
+constexpr bool kOwnInPlace =
+    !std::is_same_v<InPlace<R, Order, Inv>, Straight<R, Order, Inv, Prec<R>::logv>>;
 
 template <class R, int Order, bool Inv>
 struct SmallC {
@@ -130,9 +129,10 @@ struct SmallC {
     } else if constexpr (Order == 1) {
       R y[4] = {src[0] + src[2], src[1] + src[3], src[0] - src[2], src[1] - src[3]};
       for (int i = 0; i < 4; ++i) dst[i] = scaled ? y[i] * scale : y[i];
+    } else if (kOwnInPlace<R, Order, Inv> && src == dst) {
+      InPlace<R, Order, Inv>::run(src, dst, tw.data(), scaled, scale);
     } else {
-      with_kernel<R, Order, Inv>(src == dst,
-                                 [&]<class K>() { K::run(src, dst, tw.data(), scaled, scale); });
+      Straight<R, Order, Inv, Prec<R>::logv>::run(src, dst, tw.data(), scaled, scale);
     }
   }
   static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }
@@ -600,10 +600,10 @@ struct SmallR {
       if constexpr (Order == 2) {
         small_complex<R, false>(1, src, dst, scaled, scale);
         recombine<R, false>(dst, n, 2, nullptr);  // reads no factor at this order
+      } else if (kOwnInPlace<R, Order, false> && src == dst) {
+        RealFull<R, Order, false, InPlace<R, Order, false>>::fwd(src, dst, scaled, scale);
       } else {
-        with_kernel<R, Order, false>(src == dst, [&]<class K>() {
-          RealFull<R, Order, false, K>::fwd(src, dst, scaled, scale);
-        });
+        RealFull<R, Order, false>::fwd(src, dst, scaled, scale);
       }
       perm_to<L>(dst, n);
     } else if constexpr (Order == 2) {
@@ -616,8 +616,11 @@ struct SmallR {
         to_perm<L>(src, dst, n);
         s = dst;
       }
-      with_kernel<R, Order, true>(
-          s == dst, [&]<class K>() { RealFull<R, Order, true, K>::inv(s, dst, scaled, scale); });
+      if (kOwnInPlace<R, Order, true> && s == dst) {
+        RealFull<R, Order, true, InPlace<R, Order, true>>::inv(s, dst, scaled, scale);
+      } else {
+        RealFull<R, Order, true>::inv(s, dst, scaled, scale);
+      }
     }
   }
   static void plain(const R* src, R* dst) { run(src, dst, false, R(1)); }
