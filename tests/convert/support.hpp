@@ -53,9 +53,10 @@ auto get(const typename Layout<T>::Elem* p, size_t i) {
   }
 }
 template <class T>
-void put(typename Layout<T>::Elem* p, size_t i, long long v) {
+void put(typename Layout<T>::Elem* p, size_t i, long double v) {
   if constexpr (Layout<T>::width == 3) {
-    for (int k = 0; k < 3; ++k) p[3 * i + k] = static_cast<Vek8u>(v >> (8 * k));
+    for (int k = 0; k < 3; ++k)
+      p[3 * i + k] = static_cast<Vek8u>(static_cast<long long>(v) >> (8 * k));
   } else {
     p[i] = static_cast<T>(v);
   }
