@@ -171,7 +171,7 @@ T with_sign(T level, T x) {  // the level carrying the sign of x (an integer 0 c
     [[maybe_unused]] const P lv = static_cast<P>(level), lo = -lv, v1 = 7, v2 = -9; \
     [[maybe_unused]] const T val = value<T>();                                      \
     const auto vals = inputs<T>(lv, static_cast<unsigned>(level) + 5);              \
-    const auto eq = [lv](T a, T b) { return match(a, b, lv); };                     \
+    const auto eq = [&](T a, T b) { return match(a, b, lv); };                      \
     ONE(_LT_, S, key(x) < lv ? at(x, lv) : x, lv);                                  \
     ONE(_GT_, S, key(x) > lv ? at(x, lv) : x, lv);                                  \
     more;                                                                           \
