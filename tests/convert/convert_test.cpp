@@ -1,9 +1,9 @@
-// Conversions between integer and floating-point types, narrowing and the complex packing helpers,
-// each export against references computed in long double and wide integers, over boundary and
-// random values, at lengths and offsets that reach the vector body and the masked tail, under
-// every rounding mode with flags raised beforehand.
+// Conversions between integer and floating-point types, narrowing and the complex packing helpers
+// against long-double and wide-integer references, over boundary and random values, at lengths
+// and offsets that reach the vector body and the masked tail, under every rounding mode.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cfenv>
 #include <climits>
 #include <cmath>
@@ -24,284 +24,183 @@ template <class T>
 using E = typename Layout<T>::Elem;
 using Vek24s = P24s;  // the packed 24-bit formats under the names the members use
 using Vek24u = P24u;
+using Args = std::array<int, 2>;
+using LD = long double;
 
-// A source vector holding `vals` (converted to the element type) at a misalignment.
-template <class T, class V>
-Guarded<E<T>> source(const std::vector<V>& vals, size_t first, size_t n, size_t misalign) {
-  Guarded<E<T>> g(n * Layout<T>::width, off<E<T>>(misalign));
-  for (size_t i = 0; i < n; ++i) {
-    if constexpr (std::is_floating_point_v<T>) {
-      g.data()[i] = static_cast<T>(vals[(first + i) % vals.size()]);
-    } else {
-      put<T>(g.data(), i, static_cast<long long>(vals[(first + i) % vals.size()]));
+// Runs fn(s, d, n, a...) for each a in args (as many of its ints as fn takes) over all of vals, and
+// over slices of vals at every step-th shape, under a rotating rounding mode with flags raised,
+// which it must keep. Element i must equal want(x, a, rounding mode) bit for bit (a NaN any NaN).
+template <class S, class D, class Fn, class Want>
+void sweep(const std::vector<LD>& vals, const std::vector<Args>& args, size_t step, Fn fn,
+           Want want) {
+  const auto sh = shapes();
+  size_t run = 0;
+  for (size_t ai = 0; ai < args.size(); ++ai)
+    for (size_t k = 0; k <= sh.size(); ++k) {
+      if (k < sh.size() && (k + ai) % step != 0) continue;
+      const size_t n = k < sh.size() ? sh[k].len : vals.size();
+      const size_t mis = k < sh.size() ? sh[k].misalign : 0;
+      Guarded<E<S>> s(n * Layout<S>::width, off<E<S>>(mis));
+      Guarded<E<D>> d(n * Layout<D>::width, off<E<D>>(mis * 3));
+      for (size_t i = 0; i < n; ++i) put<S>(s.data(), i, vals[(i + 7 * run) % vals.size()]);
+      const int fe = kRoundings[run % 4];
+      VekStatus st = -1;
+      const auto call = [&](auto... a) { st = fn(s.data(), d.data(), static_cast<int>(n), a...); };
+      ASSERT_TRUE(keeps_fenv(fe, run++ % 3 ? 0 : FE_INEXACT, [&] {
+        if constexpr (std::is_invocable_v<Fn, E<S>*, E<D>*, int>) call();
+        if constexpr (std::is_invocable_v<Fn, E<S>*, E<D>*, int, int>) call(args[ai][0]);
+        if constexpr (std::is_invocable_v<Fn, E<S>*, E<D>*, int, int, int>)
+          call(args[ai][0], args[ai][1]);
+      }));
+      ASSERT_EQ(st, vekStatusOk);
+      for (size_t i = 0; i < n; ++i) {
+        const LD x = get<S>(s.data(), i), g = get<D>(d.data(), i);
+        LD w = want(x, args[ai], fe);
+        if constexpr (!std::is_floating_point_v<D>) w = static_cast<LD>(static_cast<long long>(w));
+        ASSERT_TRUE(std::isnan(w) ? std::isnan(g) : g == w && std::signbit(g) == std::signbit(w))
+            << "x=" << x << " got " << g << " want " << w << " args " << args[ai][0] << ", "
+            << args[ai][1] << " rounding " << fe << " n=" << n;
+      }
+      ASSERT_TRUE(d.guards_intact()) << "n=" << n;
     }
-  }
-  return g;
 }
 
 // ---- floating point to integer ----------------------------------------------------------------
 
-enum class Pick { AwayOtherwise, AwayOn2 };
-enum class Rounding { Zero, Even, Away };
-
-Rounding rounding_of(Pick p, int mode) {
-  if (mode == 0) return Rounding::Zero;
-  if (p == Pick::AwayOtherwise) return mode == 1 ? Rounding::Even : Rounding::Away;
-  return mode == 2 ? Rounding::Away : Rounding::Even;
-}
-
-// The scale factor 2^-sf; outside the normal exponents, the bit pattern 1.0 - sf exponent steps
-// of the source type, wrapping in its integer width.
+// 2^-sf as the bit pattern 1.0 - sf exponent steps of S, wrapping in its integer width outside
+// the normal exponents.
 template <class S>
-long double factor_of(int sf) {
-  if constexpr (sizeof(S) == 4) {
-    if (sf >= -127 && sf <= 126) return std::ldexp(1.0L, -sf);
-    const uint32_t b = 0x3F800000u - static_cast<uint32_t>(sf) * 0x800000u;
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
-  } else {
-    if (sf >= -1023 && sf <= 1022) return std::ldexp(1.0L, -sf);
-    const uint64_t b =
-        0x3FF0000000000000ULL - static_cast<uint64_t>(static_cast<int64_t>(sf)) * (1ULL << 52);
-    double f;
-    std::memcpy(&f, &b, 8);
-    return f;
-  }
+LD factor_of(int sf) {
+  using U = std::conditional_t<sizeof(S) == 4, uint32_t, uint64_t>;
+  constexpr int emax = std::numeric_limits<S>::max_exponent - 1, m = std::numeric_limits<S>::digits;
+  const U b = (U(emax) << (m - 1)) - static_cast<U>(static_cast<int64_t>(sf)) * (U{1} << (m - 1));
+  S f;
+  std::memcpy(&f, &b, sizeof f);
+  return f;
 }
 
-template <class S>
-long long f2i_ref(S x, Rounding r, int sf, long long lo, long long hi) {
-  long double v = x;
-  if (sf != 0) v = static_cast<S>(v * factor_of<S>(sf));  // the product in the source type
-  if (std::isnan(v)) return lo;
-  v = r == Rounding::Even ? std::nearbyint(v) : r == Rounding::Zero ? std::trunc(v) : std::round(v);
-  if (v <= static_cast<long double>(lo)) return lo;
-  if (v >= static_cast<long double>(hi)) return hi;
-  return static_cast<long long>(v);
-}
-
+// rndMode: 0 toward zero; 1 ties to even and every other mode ties away, or (away_on_2_only) 2
+// ties away and every other ties to even. The product with the factor is rounded to S first.
 template <class S, class D>
-void check_f2i(VekStatus (*fn)(const S*, E<D>*, int, int, int), Pick pick,
-               const std::vector<int>& sfs) {
+void check_f2i(VekStatus (*fn)(const S*, E<D>*, int, int, int), bool away_on_2_only = false) {
   constexpr long long lo = Layout<D>::lo, hi = Layout<D>::hi;
-  const auto vals = float_inputs<S>(600, lo, hi, 7);
-  const int modes[] = {0, 1, 2, 7, -3};
-  int run = 0;
-  auto one = [&](size_t first, size_t n, size_t mis, int mode, int sf) {
-    auto s = source<S>(vals, first, n, (mis * 4) % 64);
-    Guarded<E<D>> d(n * Layout<D>::width, off<E<D>>(mis));
-    const int fe = kRoundings[run % 4], flags = run % 3 == 0 ? FE_INEXACT : 0;
-    ++run;
-    VekStatus st = -1;
-    ASSERT_TRUE(
-        keeps_fenv(fe, flags, [&] { st = fn(s.data(), d.data(), static_cast<int>(n), mode, sf); }));
-    ASSERT_EQ(st, vekStatusOk);
-    for (size_t i = 0; i < n; ++i) {
-      const S x = s.data()[i];
-      ASSERT_EQ(get<D>(d.data(), i), f2i_ref(x, rounding_of(pick, mode), sf, lo, hi))
-          << "x=" << static_cast<long double>(x) << " mode=" << mode << " sf=" << sf << " n=" << n
-          << " i=" << i;
-    }
-    ASSERT_TRUE(d.guards_intact()) << "n=" << n;
-  };
-  for (int mode : modes)
-    for (int sf : sfs) one(0, vals.size(), 0, mode, sf);
-  size_t k = 0;
-  for (const Shape& sh : shapes()) {
-    one(k * 13, sh.len, sh.misalign, modes[k % 5], sfs[k % sfs.size()]);
-    ++k;
-  }
+  constexpr int emax = std::numeric_limits<S>::max_exponent - 1;
+  std::vector<Args> args;
+  for (int mode : {0, 1, 2, 7, -3})
+    for (int sf : {0, 1, -1, 3, -7, -15, -16, -31, -32, emax - 1, emax, -emax, -emax - 1, emax + 1,
+                   300, 5000, INT_MIN})
+      args.push_back({mode, sf});
+  std::vector<LD> vals = {LD(hi) - 1023};  // exact below 2^63 in 64f64s
+  for (S x : float_inputs<S>(600, lo, hi, 7)) vals.push_back(x);
+  sweep<S, D>(vals, args, 5, fn, [&](LD x, Args a, int) -> LD {
+    LD v = a[1] ? static_cast<S>(x * factor_of<S>(a[1])) : x;
+    if (std::isnan(v)) return lo;
+    const bool away = away_on_2_only ? a[0] == 2 : a[0] != 1;
+    v = a[0] == 0 ? std::trunc(v) : away ? std::round(v) : std::nearbyint(v);
+    return std::clamp<LD>(v, lo, hi);
+  });
 }
 
-const std::vector<int> kSfs32 = {0,   1,   -1,   3,    -7,  -15, -16,
-                                 126, 127, -127, -128, 128, 300, INT_MIN};
-const std::vector<int> kSfs64 = {0,    1,    -1,    3,     -7,   -31,  -32,
-                                 1022, 1023, -1023, -1024, 1024, 5000, INT_MIN};
-
-#define F2I(S, D, pick, sfs) check_f2i<Vek##S, Vek##D>(veksConvert_##S##D##_Sfs, Pick::pick, sfs)
-TEST(ConvertFloatToInt, Binary32Sources) {
-  F2I(32f, 8s, AwayOtherwise, kSfs32), F2I(32f, 8u, AwayOtherwise, kSfs32);
-  F2I(32f, 16s, AwayOtherwise, kSfs32), F2I(32f, 16u, AwayOtherwise, kSfs32);
-  F2I(32f, 24s, AwayOtherwise, kSfs32), F2I(32f, 24u, AwayOtherwise, kSfs32);
-  F2I(32f, 32s, AwayOtherwise, kSfs32);
-}
-TEST(ConvertFloatToInt, Binary64Sources) {
-  F2I(64f, 16s, AwayOtherwise, kSfs64), F2I(64f, 32s, AwayOn2, kSfs64);
-  F2I(64f, 64s, AwayOtherwise, kSfs64);
-  // The largest binary64 values below 2^63 convert exactly; 2^63 and beyond saturate.
-  const double big[] = {0x1p63, -0x1p63, 0x1p63 - 1024, -1e300};
-  Vek64s q[4];
-  ASSERT_EQ(veksConvert_64f64s_Sfs(big, q, 4, 1, 0), vekStatusOk);
-  EXPECT_TRUE(q[0] == INT64_MAX && q[1] == INT64_MIN && q[2] == INT64_MAX - 1023 &&
-              q[3] == INT64_MIN);
-}
+TEST(ConvertFloatToInt, EveryModeAndScale) {
+#define F2I(S, D) check_f2i<Vek##S, Vek##D>(veksConvert_##S##D##_Sfs)
+  F2I(32f, 8s), F2I(32f, 8u), F2I(32f, 16s), F2I(32f, 16u), F2I(32f, 24s), F2I(32f, 24u);
+  F2I(32f, 32s), F2I(64f, 16s), F2I(64f, 64s);
+  check_f2i<Vek64f, Vek32s>(veksConvert_64f32s_Sfs, true);
 #undef F2I
+}
 
-// ---- integer to floating point, widening --------------------------------------------------------
+// ---- integers to floating point or narrower integers -----------------------------------------
 
 template <class S>
-std::vector<long long> int_inputs(size_t n, unsigned seed) {
+std::vector<LD> int_inputs(size_t n, unsigned seed) {
   const long long lo = Layout<S>::lo, hi = Layout<S>::hi;
-  std::vector<long long> v = {
-      lo,      lo + 1, hi, hi - 1, 0, 1, -1, (1LL << 24) + 1, -(1LL << 24) - 3, (1LL << 53) + 1,
-      16777217};
-  for (auto& x : v) x = std::clamp(x, lo, hi);
+  std::vector<LD> v;
+  for (long long x :
+       {lo, lo + 1, hi, hi - 1, 0LL, 1LL, -1LL, (1LL << 24) + 1, -(1LL << 24) - 3, (1LL << 53) + 1})
+    v.push_back(static_cast<LD>(std::clamp(x, lo, hi)));
   std::mt19937_64 g(seed);
   std::uniform_int_distribution<long long> u(lo, hi);
-  while (v.size() < n) v.push_back(u(g));
+  while (v.size() < n) v.push_back(static_cast<LD>(u(g)));
   return v;
 }
 
-// x converted to D in the current rounding mode, rounded once.
-template <class D>
-D round_to(long double x) {
-  volatile long double vx = x;
-  volatile D r = static_cast<D>(vx);
-  return r;
-}
-
-template <class S, class D, class Call>
-void check_widen(Call fn, const std::vector<int>& sfs) {
-  std::vector<long double> vals;
-  if constexpr (std::is_floating_point_v<S>) {
+// Integers (or floating point) to floating point: rounded to D in the caller's mode, then for
+// sf != 0 times 2^-sf rounded once more. Integers to integers: r * 2^-sf, ties to even, saturated.
+template <class S, class D, class Fn>
+void check_scaled(Fn fn, std::vector<Args> sfs = {{0, 0}}) {
+  std::vector<LD> vals;
+  if constexpr (!std::is_floating_point_v<S>) {
+    vals = int_inputs<S>(500, 3);
+  } else {
     for (S x : float_inputs<S>(400, -1e6L, 1e6L, 3)) vals.push_back(x);
     for (double x : {1e300, -1e-300, 3.4028235677973366e38, 3.4028235677973362e38,
                      1.401298464324817e-45, 7e-46})
       vals.push_back(static_cast<S>(x));
-  } else {
-    for (long long x : int_inputs<S>(400, 3)) vals.push_back(static_cast<long double>(x));
   }
-  int run = 0;
-  for (int sf : sfs) {
-    for (const Shape& sh : shapes()) {
-      if (sh.len != 1000 && run % 3 != 0 && sf != 0) {
-        ++run;
-        continue;
-      }
-      const size_t n = sh.len == 1000 ? vals.size() : sh.len;
-      auto s = source<S>(vals, static_cast<size_t>(run) * 7, n, sh.misalign);
-      Guarded<D> d(n, off<D>(sh.misalign * 3));
-      const int fe = sf == 0 ? kRoundings[run % 4] : FE_TONEAREST, flags = run % 2 ? FE_INEXACT : 0;
-      ++run;
-      VekStatus st = -1;
-      ASSERT_TRUE(
-          keeps_fenv(fe, flags, [&] { st = fn(s.data(), d.data(), static_cast<int>(n), sf); }));
-      ASSERT_EQ(st, vekStatusOk);
+  sweep<S, D>(vals, sfs, sfs.size() > 1 ? 4 : 1, fn, [](LD x, Args a, int fe) -> LD {
+    const int e = -std::clamp(a[0], -20000, 20000);
+    if constexpr (!std::is_floating_point_v<D>) {
+      return std::clamp<LD>(std::nearbyint(std::ldexp(x, e)), Layout<D>::lo, Layout<D>::hi);
+    } else {
       std::fesetround(fe);
-      for (size_t i = 0; i < n; ++i) {
-        const long double x = get<S>(s.data(), i);
-        // the value in D, then (for _Sfs) scaled by 2^-sf with one more rounding
-        D want = round_to<D>(x);
-        if (sf != 0)
-          want = round_to<D>(std::ldexp(
-              static_cast<long double>(want),
-              static_cast<int>(std::clamp(-static_cast<long long>(sf), -20000LL, 20000LL))));
-        const D got = d.data()[i];
-        if (std::isnan(want)) {
-          ASSERT_TRUE(std::isnan(got));
-        } else {
-          ASSERT_EQ(got, want) << "x=" << x << " sf=" << sf << " rounding=" << fe << " i=" << i;
-          ASSERT_EQ(std::signbit(got), std::signbit(want));
-        }
-      }
+      volatile LD vx = x;
+      volatile D r = static_cast<D>(vx);
+      if (e != 0) r = static_cast<D>(std::ldexp(static_cast<LD>(r), e));
       std::fesetround(FE_TONEAREST);
-      ASSERT_TRUE(d.guards_intact());
+      return r;
     }
-  }
+  });
 }
 
-template <class S, class D>
-auto plain(VekStatus (*fn)(const E<S>*, D*, int)) {
-  return [fn](const E<S>* s, D* d, int n, int) { return fn(s, d, n); };
-}
-
-#define WIDEN(S, D) check_widen<Vek##S, Vek##D>(plain<Vek##S, Vek##D>(veksConvert_##S##D), {0})
-TEST(ConvertWiden, ExactAndRounded) {
-  WIDEN(8s, 16s), WIDEN(8s, 32f), WIDEN(8u, 32f), WIDEN(16s, 32s), WIDEN(16s, 32f);
-  WIDEN(16u, 32f), WIDEN(24s, 32f), WIDEN(24s, 32s), WIDEN(24u, 32f), WIDEN(24u, 32u);
-  WIDEN(32s, 32f), WIDEN(32s, 64f), WIDEN(64s, 64f), WIDEN(32f, 64f), WIDEN(64f, 32f);
-}
-#undef WIDEN
-
-TEST(ConvertWiden, ScaledIntegerToFloat) {
-  const std::vector<int> sfs = {0,   1,    -1,   15,   -20,   126,     140,
-                                160, -140, 1070, 1100, -1100, INT_MAX, INT_MIN};
-  check_widen<Vek16s, Vek32f>(veksConvert_16s32f_Sfs, sfs);
-  check_widen<Vek16s, Vek64f>(veksConvert_16s64f_Sfs, sfs);
-  check_widen<Vek32s, Vek32f>(veksConvert_32s32f_Sfs, sfs);
-  check_widen<Vek32s, Vek64f>(veksConvert_32s64f_Sfs, sfs);
-}
-
-// ---- integer narrowing ------------------------------------------------------------------------
-
-template <class S, class D>
-void check_narrow(VekStatus (*fn)(const S*, E<D>*, int, int), std::vector<int> sfs = {}) {
-  const auto vals = int_inputs<S>(500, 11);
-  if (sfs.empty())
-    sfs = {0,   1,   2,   3,   8,   15,  16,  17,   23,      24,     31,  32,
-           33,  62,  63,  64,  65,  300, -1,  -2,   -7,      -8,     -15, -16,
-           -23, -24, -25, -31, -32, -63, -64, -300, INT_MIN, INT_MAX};
-  constexpr long long lo = Layout<D>::lo, hi = Layout<D>::hi;
-  size_t k = 0;
-  for (int sf : sfs) {
-    for (const Shape& sh : shapes()) {
-      if (sh.len != 1000 && (k++ % 5) != 0) continue;
-      const size_t n = sh.len == 1000 ? vals.size() : sh.len;
-      auto s = source<S>(vals, k, n, sh.misalign);
-      Guarded<E<D>> d(n * Layout<D>::width, off<E<D>>(sh.misalign * 3));
-      ASSERT_EQ(fn(s.data(), d.data(), static_cast<int>(n), sf), vekStatusOk);
-      const long long e = std::clamp(-static_cast<long long>(sf), -20000LL, 20000LL);
-      for (size_t i = 0; i < n; ++i) {
-        const long double v =
-            std::nearbyint(std::ldexp(static_cast<long double>(s.data()[i]), static_cast<int>(e)));
-        const long long want = v <= lo ? lo : v >= hi ? hi : static_cast<long long>(v);
-        ASSERT_EQ(get<D>(d.data(), i), want) << "r=" << s.data()[i] << " sf=" << sf << " i=" << i;
-      }
-      ASSERT_TRUE(d.guards_intact());
-    }
-  }
-}
-
-TEST(ConvertNarrow, ScaledTiesToEvenAndSaturated) {
-#define NARROW(S, D) check_narrow<Vek##S, Vek##D>(veksConvert_##S##D##_Sfs)
-  NARROW(16s, 8s), NARROW(32s, 16s), NARROW(32s, 24s), NARROW(32u, 24u), NARROW(64s, 32s);
-#undef NARROW
-  check_narrow<Vek32s, Vek16s>(
-      [](const Vek32s* s, Vek16s* d, int n, int) { return veksConvert_32s16s(s, d, n); }, {0});
+TEST(ConvertWidenNarrow, ScaledAndRounded) {
+#define ONE(S, D, X, ...) \
+  check_scaled<Vek##S, Vek##D>(veksConvert_##S##D##X __VA_OPT__(, ) __VA_ARGS__)
+  ONE(8s, 16s, ), ONE(8s, 32f, ), ONE(8u, 32f, ), ONE(16s, 32s, ), ONE(16s, 32f, );
+  ONE(16u, 32f, ), ONE(24s, 32f, ), ONE(24s, 32s, ), ONE(24u, 32f, ), ONE(24u, 32u, );
+  ONE(32s, 32f, ), ONE(32s, 64f, ), ONE(64s, 64f, ), ONE(32f, 64f, ), ONE(64f, 32f, );
+  ONE(32s, 16s, );
+  std::vector<Args> sfs;
+  for (int sf : {0, 1, -1, 15, -20, 126, 140, 160, -140, 1070, 1100, -1100, INT_MAX, INT_MIN})
+    sfs.push_back({sf, 0});
+  ONE(16s, 32f, _Sfs, sfs), ONE(16s, 64f, _Sfs, sfs), ONE(32s, 32f, _Sfs, sfs);
+  ONE(32s, 64f, _Sfs, sfs);
+  sfs = {{300, 0}, {-300, 0}, {INT_MIN, 0}, {INT_MAX, 0}};
+  for (int b : {0, 8, 16, 24, 32, 64})  // every narrowing policy and its boundaries
+    for (int sf : {b - 1, b, b + 1, -b + 1, -b, -b - 1}) sfs.push_back({sf, 0});
+  ONE(16s, 8s, _Sfs, sfs), ONE(32s, 16s, _Sfs, sfs), ONE(32s, 24s, _Sfs, sfs);
+  ONE(32u, 24u, _Sfs, sfs), ONE(64s, 32s, _Sfs, sfs);
+#undef ONE
 }
 
 // ---- complex packing ----------------------------------------------------------------------------
 
+// RealToCplx with both parts, the real part only, the imaginary part only (the other part 0), then
+// each of the splits of the result.
 template <class T, class C>
 void check_complex(VekStatus (*to_c)(const T*, const T*, C*, int),
                    VekStatus (*to_r)(const C*, T*, T*, int), VekStatus (*re_of)(const C*, T*, int),
                    VekStatus (*im_of)(const C*, T*, int)) {
   for (const Shape& sh : shapes()) {
     const size_t n = sh.len, mis = sh.misalign;
-    Guarded<T> re(n, off<T>(mis)), im(n, off<T>(mis * 3));
-    for (size_t i = 0; i < n; ++i) {
-      re[i] = static_cast<T>(3 * i + 1);
-      im[i] = static_cast<T>(-static_cast<long long>(5 * i) - 2);
-    }
     const int len = static_cast<int>(n);
-    for (int which = 0; which < 3; ++which) {  // both parts, real only, imaginary only
+    Guarded<T> re(n, off<T>(mis)), im(n, off<T>(mis * 3));
+    std::vector<Guarded<T>> p;
+    for (size_t k : {6, 1, 0, 2}) p.emplace_back(n, off<T>(mis + k));
+    Guarded<C> c(n, off<C>(mis * 5));
+    for (size_t i = 0; i < n; ++i) re[i] = T(3 * i + 1), im[i] = T(-5 * double(i) - 2);
+    for (int which = 0; which < 3; ++which) {
       const T* pr = which == 2 ? nullptr : re.data();
       const T* pi = which == 1 ? nullptr : im.data();
-      Guarded<C> c(n, off<C>(mis * 5));
-      Guarded<T> r2(n, off<T>(mis + 6)), i2(n, off<T>(mis + 10)), r3(n, off<T>(mis)),
-          i3(n, off<T>(mis + 2));
-      ASSERT_EQ(to_c(pr, pi, c.data(), len) | to_r(c.data(), r2.data(), i2.data(), len) |
-                    re_of(c.data(), r3.data(), len) | im_of(c.data(), i3.data(), len),
+      ASSERT_EQ(to_c(pr, pi, c.data(), len) | to_r(c.data(), p[0].data(), p[1].data(), len) |
+                    re_of(c.data(), p[2].data(), len) | im_of(c.data(), p[3].data(), len),
                 vekStatusOk);
       for (size_t i = 0; i < n; ++i) {
         const T wr = pr ? re[i] : T{}, wi = pi ? im[i] : T{};
-        ASSERT_TRUE(c[i].re == wr && c[i].im == wi && r2[i] == wr && i2[i] == wi && r3[i] == wr &&
-                    i3[i] == wi)
+        ASSERT_TRUE(c[i].re == wr && c[i].im == wi && p[0][i] == wr && p[1][i] == wi &&
+                    p[2][i] == wr && p[3][i] == wi)
             << "len " << n << " element " << i << " case " << which;
       }
-      ASSERT_TRUE(c.guards_intact() && r2.guards_intact() && i2.guards_intact() &&
-                  r3.guards_intact() && i3.guards_intact());
+      for (auto& g : p) ASSERT_TRUE(g.guards_intact() && c.guards_intact());
     }
   }
   Guarded<C> c(4);  // one part may be null, not both

@@ -18,8 +18,10 @@
 
 namespace veks_test {
 
-struct P24s {};  // packed 24-bit destinations and sources, 3 bytes per element
-struct P24u {};
+template <bool Signed>
+struct P24 {};  // packed 24-bit destinations and sources, 3 bytes per element
+using P24s = P24<true>;
+using P24u = P24<false>;
 
 template <class T>
 struct Layout {
@@ -27,17 +29,11 @@ struct Layout {
   static constexpr size_t width = 1;
   static constexpr long long lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
 };
-template <>
-struct Layout<P24s> {
+template <bool Signed>
+struct Layout<P24<Signed>> {
   using Elem = Vek8u;
   static constexpr size_t width = 3;
-  static constexpr long long lo = -(1LL << 23), hi = (1LL << 23) - 1;
-};
-template <>
-struct Layout<P24u> {
-  using Elem = Vek8u;
-  static constexpr size_t width = 3;
-  static constexpr long long lo = 0, hi = (1LL << 24) - 1;
+  static constexpr long long lo = Signed ? -(1LL << 23) : 0, hi = (1LL << (23 + !Signed)) - 1;
 };
 
 // Element i of a vector of T held in `p` (as integers or floating point).
@@ -53,16 +49,16 @@ auto get(const typename Layout<T>::Elem* p, size_t i) {
   }
 }
 template <class T>
-void put(typename Layout<T>::Elem* p, size_t i, long long v) {
+void put(typename Layout<T>::Elem* p, size_t i, long double v) {
   if constexpr (Layout<T>::width == 3) {
-    for (int k = 0; k < 3; ++k) p[3 * i + k] = static_cast<Vek8u>(v >> (8 * k));
+    for (int k = 0; k < 3; ++k)
+      p[3 * i + k] = static_cast<Vek8u>(static_cast<long long>(v) >> (8 * k));
   } else {
     p[i] = static_cast<T>(v);
   }
 }
 
-// Runs call() under rounding mode `mode` with the flags `flags` raised, and checks that both are
-// exactly as they were afterwards.
+// Runs call() under rounding mode `mode` with the flags `flags` raised; both must be as they were.
 template <class F>
 ::testing::AssertionResult keeps_fenv(int mode, int flags, F&& call) {
   std::feclearexcept(FE_ALL_EXCEPT);
@@ -81,34 +77,19 @@ template <class F>
 
 inline constexpr int kRoundings[] = {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO};
 
-// Boundary values of a range [lo, hi] as long double: the limits and their neighbours at 1 and
-// 1/2, halves around zero, zeros, infinities, NaN, the smallest subnormal and the type extremes of
-// F.
-template <class F>
-std::vector<long double> float_edges(long double lo, long double hi) {
-  const long double inf = std::numeric_limits<long double>::infinity();
-  std::vector<long double> v = {0.0L,
-                                -0.0L,
-                                inf,
-                                -inf,
-                                std::numeric_limits<F>::max(),
-                                std::numeric_limits<F>::lowest(),
-                                std::numeric_limits<long double>::quiet_NaN()};
-  for (long double d : {-1.0L, -0.5L, 0.0L, 0.5L, 1.0L}) v.insert(v.end(), {lo + d, hi + d});
-  for (long double x : {0.5L, 1.5L, 2.5L, 3.5L, 1.0L, 0.49999997L,
-                        static_cast<long double>(std::numeric_limits<F>::denorm_min())})
-    v.insert(v.end(), {x, -x});
-  for (int e : {15, 16, 23, 24, 31, 32, 52, 53, 63, 64})
-    for (long double s : {1.0L, -1.0L}) v.push_back(s * std::ldexp(1.0L, e));
-  return v;
-}
-
-// n values of F: the edges (rounded to F) first, then random values across twice the range, half
-// of them on halves.
+// n values of F: boundary values of a range [lo, hi] (the limits and their neighbours at 1 and 1/2,
+// halves around zero, zeros, infinities, NaN, the smallest subnormal, F's extremes, powers of two
+// around the integer widths), rounded to F, then random values across twice the range, half of
+// them on halves.
 template <class F>
 std::vector<F> float_inputs(size_t n, long double lo, long double hi, unsigned seed) {
-  std::vector<F> v;
-  for (long double e : float_edges<F>(lo, hi)) v.push_back(static_cast<F>(e));
+  using L = std::numeric_limits<F>;
+  std::vector<F> v = {0, L::infinity(),  L::max(),       L::quiet_NaN(), 0.5, 1.5, 2.5, 3.5,
+                      1, F(0.49999997L), L::denorm_min()};
+  for (long double d : {-1.0L, -0.5L, 0.0L, 0.5L, 1.0L})
+    v.insert(v.end(), {static_cast<F>(lo + d), static_cast<F>(hi + d)});
+  for (int e : {15, 16, 23, 24, 31, 32, 52, 53, 63, 64}) v.push_back(std::ldexp(F{1}, e));
+  for (size_t i = 0, m = v.size(); i < m; ++i) v.push_back(-v[i]);
   std::mt19937_64 g(seed);
   std::uniform_real_distribution<long double> u(2 * std::min(lo, -hi) - 4, 2 * hi + 4);
   while (v.size() < n) {
