@@ -10,9 +10,9 @@
 //
 // A second table times short batches of calls (about 2 microseconds each, each after an untimed
 // batch that brings its buffers back into the caches, operation and copy alternating) and keeps
-// the fastest batch of each. On a shared machine a repetition's mean
-// includes the slow phases the neighbours cause; the fastest batch shows what the code does when
-// it has the core, so the two tables together separate the kernel from the noise.
+// the fastest batch of each. On a shared machine a repetition's mean includes the slow phases the
+// neighbours cause; the fastest batch shows what the code does when it has the core, so the two
+// tables together separate the kernel from the noise.
 //
 // Defaults (overridable on the command line): --benchmark_repetitions=20,
 // --benchmark_min_time=0.01, --benchmark_enable_random_interleaving=true.
