@@ -370,7 +370,7 @@ struct Straight {
 template <bool Inv>
 struct Sixteen {
   using V = CV<double, 2>;
-  static constexpr int W = 2, N = 16, NV = 8;
+  static constexpr int W = 2, NV = 8;
   // x[i] holds points 2i and 2i + 1, in and out.
   [[gnu::always_inline]] static inline void regs(V* x, const double* tw, bool scaled,
                                                  double scale) {
