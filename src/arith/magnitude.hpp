@@ -16,7 +16,7 @@
 
 namespace veks {
 
-// |z|: binary32 parts in binary32 words (about 0.5 ulp), binary64 parts with
+// |z|: binary32 parts in binary32 words (within 1 ulp), binary64 parts with
 // hypot semantics, integer parts exactly (re^2 + im^2 < 2^32 is exact, its root correctly
 // rounded, so every rounding to binary32 or through a scale factor is the correct one).
 struct Magnitude {

@@ -79,13 +79,16 @@ inline D hypot_f32(D x, D y) {
 }
 
 // |x + iy| of binary32 parts in binary32 lanes (16 in a zmm register, 8 in a ymm register, the
-// same operations either way): x^2 + y^2 carried as an unevaluated sum of two binary32 words, a
-// correctly rounded root and one Newton correction: about 0.5 ulp. This holds while
-// 2^-80 <= x^2 + y^2 <= 2^120 (or both parts are zero); `outside` gets the other lanes, which the
-// caller takes from hypot_f32 instead. Each lane's result depends on that lane alone.
+// same operations either way), on the adders and multiply-add units only (on this core the
+// conversions and permutes share one unit, which a binary64 sum of squares would saturate):
+// x^2 and y^2 are split exactly into rounded squares and their errors, the two squares are added
+// with their rounding error recovered, and the correction is added once, so the binary32 sum s
+// is within 2^-24 (plus a negligible term) of the exact x^2 + y^2. Its root then lies within a
+// quarter ulp of |z| before its own rounding: within 1 ulp in all. This holds while
+// 2^-100 <= s <= the largest binary32 (where the errors of the squares are exact too); `outside`
+// gets the other lanes with a non-zero part, which the caller takes from hypot_f32. Each lane's
+// result depends on that lane alone.
 namespace f32 {
-inline __m512 set(__m512, float v) { return _mm512_set1_ps(v); }
-inline __m256 set(__m256, float v) { return _mm256_set1_ps(v); }
 inline __m512 mul(__m512 a, __m512 b) { return _mm512_mul_ps(a, b); }
 inline __m256 mul(__m256 a, __m256 b) { return _mm256_mul_ps(a, b); }
 inline __m512 add(__m512 a, __m512 b) { return _mm512_add_ps(a, b); }
@@ -94,47 +97,47 @@ inline __m512 sub(__m512 a, __m512 b) { return _mm512_sub_ps(a, b); }
 inline __m256 sub(__m256 a, __m256 b) { return _mm256_sub_ps(a, b); }
 inline __m512 fms(__m512 a, __m512 b, __m512 c) { return _mm512_fmsub_ps(a, b, c); }
 inline __m256 fms(__m256 a, __m256 b, __m256 c) { return _mm256_fmsub_ps(a, b, c); }
-inline __m512 fma(__m512 a, __m512 b, __m512 c) { return _mm512_fmadd_ps(a, b, c); }
-inline __m256 fma(__m256 a, __m256 b, __m256 c) { return _mm256_fmadd_ps(a, b, c); }
-inline __m512 fnma(__m512 a, __m512 b, __m512 c) { return _mm512_fnmadd_ps(a, b, c); }
-inline __m256 fnma(__m256 a, __m256 b, __m256 c) { return _mm256_fnmadd_ps(a, b, c); }
 inline __m512 max(__m512 a, __m512 b) { return _mm512_max_ps(a, b); }
 inline __m256 max(__m256 a, __m256 b) { return _mm256_max_ps(a, b); }
 inline __m512 min(__m512 a, __m512 b) { return _mm512_min_ps(a, b); }
 inline __m256 min(__m256 a, __m256 b) { return _mm256_min_ps(a, b); }
 inline __m512 sqrt(__m512 a) { return _mm512_sqrt_ps(a); }
 inline __m256 sqrt(__m256 a) { return _mm256_sqrt_ps(a); }
-inline __m512 rcp(__m512 a) { return _mm512_rcp14_ps(a); }
-inline __m256 rcp(__m256 a) { return _mm256_rcp14_ps(a); }
-// Lanes with s outside [lo, hi] (NaN included), unless x and y are both zero.
-inline void outside(__m512 s, __m512 x, __m512 y, float lo, float hi, __mmask16& k) {
-  const __m512 z = _mm512_setzero_ps();
-  k = static_cast<__mmask16>(
-      ~(_mm512_cmp_ps_mask(s, _mm512_set1_ps(lo), _CMP_GE_OQ) &
-        _mm512_cmp_ps_mask(s, _mm512_set1_ps(hi), _CMP_LE_OQ)) &
-      ~(_mm512_cmp_ps_mask(x, z, _CMP_EQ_OQ) & _mm512_cmp_ps_mask(y, z, _CMP_EQ_OQ)));
-}
-inline void outside(__m256 s, __m256 x, __m256 y, float lo, float hi, __mmask8& k) {
-  const __m256 z = _mm256_setzero_ps();
-  k = static_cast<__mmask8>(
-      ~(_mm256_cmp_ps_mask(s, _mm256_set1_ps(lo), _CMP_GE_OQ) &
-        _mm256_cmp_ps_mask(s, _mm256_set1_ps(hi), _CMP_LE_OQ)) &
-      ~(_mm256_cmp_ps_mask(x, z, _CMP_EQ_OQ) & _mm256_cmp_ps_mask(y, z, _CMP_EQ_OQ)));
+// Lanes with s below 2^-100, infinite or NaN, unless x and y are both zero (checked only when
+// there are any: a vector of zeros is common).
+template <class V, class K>
+inline void outside(V s, V x, V y, K& k) {
+  if constexpr (sizeof(V) == 64) {
+    k = _mm512_cmp_ps_mask(s, _mm512_set1_ps(0x1p-100f), _CMP_NGE_UQ) |
+        _mm512_fpclass_ps_mask(s, 0x08);
+    if (k) [[unlikely]] {
+      const V z = _mm512_setzero_ps();
+      k &= static_cast<K>(
+          ~(_mm512_cmp_ps_mask(x, z, _CMP_EQ_OQ) & _mm512_cmp_ps_mask(y, z, _CMP_EQ_OQ)));
+    }
+  } else {
+    k = _mm256_cmp_ps_mask(s, _mm256_set1_ps(0x1p-100f), _CMP_NGE_UQ) |
+        _mm256_fpclass_ps_mask(s, 0x08);
+    if (k) [[unlikely]] {
+      const V z = _mm256_setzero_ps();
+      k &= static_cast<K>(
+          ~(_mm256_cmp_ps_mask(x, z, _CMP_EQ_OQ) & _mm256_cmp_ps_mask(y, z, _CMP_EQ_OQ)));
+    }
+  }
 }
 }  // namespace f32
 
 template <class V, class K>
-inline V hypot_f32_in_range(V x, V y, K& outside) {
+inline V hypot_f32_in_range(V x, V y, K& off) {
   using namespace f32;
   const V p = mul(x, x), pe = fms(x, x, p);
   const V q = mul(y, y), qe = fms(y, y, q);
   const V hi = max(p, q), lo = min(p, q);
   const V s = add(hi, lo);
-  const V l = add(sub(lo, sub(s, hi)), add(pe, qe));
-  const V h = f32::sqrt(s);
-  const V d = mul(add(fnma(h, h, s), l), set(x, 0.5f));
-  f32::outside(s, x, y, 0x1p-80f, 0x1p120f, outside);
-  return f32::fma(d, rcp(max(h, set(x, 0x1p-60f))), h);
+  const V t = sub(lo, sub(s, hi));  // s + t = hi + lo exactly
+  const V sum = add(s, add(t, add(pe, qe)));
+  f32::outside(sum, x, y, off);
+  return f32::sqrt(sum);
 }
 
 // The same for eight lanes held as binary64: the result is exactly what the 16-lane binary32

@@ -30,7 +30,7 @@ P sample(Rng& rng) {
   if (rng.next() % 10 == 0) return P(0);
   if constexpr (std::is_floating_point_v<P>) {
     constexpr int emin = std::numeric_limits<P>::min_exponent - std::numeric_limits<P>::digits;
-    return rng.wide<P>(emin, std::numeric_limits<P>::max_exponent / 2 - 2);
+    return rng.wide<P>(emin, std::numeric_limits<P>::max_exponent - 1);
   } else {
     if (rng.next() % 10 == 0)
       return rng.next() & 1 ? std::numeric_limits<P>::min() : std::numeric_limits<P>::max();
