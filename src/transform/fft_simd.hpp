@@ -33,6 +33,17 @@ inline void st(R* p, CV<R, W> v) {
   std::memcpy(p, &v, sizeof v);
 }
 
+// A whole 64-byte vector stored around the caches (p 64-byte aligned).
+template <class R, int W>
+inline void st_around(R* p, CV<R, W> v) {
+  static_assert(sizeof v == 64);
+  if constexpr (std::is_same_v<R, float>) {
+    _mm512_stream_ps(p, reinterpret_cast<__m512>(v));
+  } else {
+    _mm512_stream_pd(p, reinterpret_cast<__m512d>(v));
+  }
+}
+
 template <class V>
 inline constexpr int lanes = int(sizeof(V) / sizeof(V{}[0]));
 
