@@ -99,89 +99,125 @@ void map_xy(X x, Y y, TD* d, size_t n, Body&& body) {
   }
 }
 
-// 8- and 16-bit operands in binary32 lanes, 16 at a time: elements [i, i + r) of a vector (the
-// other lanes 0), or a constant in every lane.
+// Binary32 quotients rounded to integer lanes by the mode: the rounding is folded into the
+// conversion, which the compiler does not find on its own. Quotients stay within 2^24 in
+// magnitude (zero divisors are replaced before the division).
+template <int Mode>
+inline __m512i rounded(__m512 q) {
+  if constexpr (Mode == kDivTrunc) {
+    return _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
+  } else if constexpr (Mode == kDivNearestEven) {
+    return _mm512_cvt_roundps_epi32(q, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+  } else {  // q * 1 + 1/2 with the sign of q, rounded toward zero (on the multiply-add units),
+            // then truncated
+    const __m512i half = _mm512_ternarylogic_epi32(
+        _mm512_castps_si512(q), _mm512_set1_epi32(INT32_MIN), _mm512_set1_epi32(0x3F000000), 0xEA);
+    q = _mm512_fmadd_round_ps(q, _mm512_set1_ps(1.0f), _mm512_castsi512_ps(half),
+                              _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
+    return _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
+  }
+}
+
+// 8-bit operands in binary32 lanes, 16 at a time: elements [i, i + r) of a vector (the other
+// lanes 0), or a constant in every lane.
 template <class T>
 inline __m512 f32_lanes(const T* p, size_t i, unsigned r) {
+  static_assert(sizeof(T) == 1);
   const auto m = static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
-  __m512i w;
-  if constexpr (sizeof(T) == 1) {
-    const __m128i b = r == 16 ? _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i))
-                              : _mm_maskz_loadu_epi8(m, p + i);
-    w = std::is_signed_v<T> ? _mm512_cvtepi8_epi32(b) : _mm512_cvtepu8_epi32(b);
-  } else {
-    static_assert(sizeof(T) == 2);
-    const __m256i h = r == 16 ? _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + i))
-                              : _mm256_maskz_loadu_epi16(m, p + i);
-    w = std::is_signed_v<T> ? _mm512_cvtepi16_epi32(h) : _mm512_cvtepu16_epi32(h);
-  }
-  return _mm512_cvtepi32_ps(w);
+  const __m128i b = r == 16 ? _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i))
+                            : _mm_maskz_loadu_epi8(m, p + i);
+  return _mm512_cvtepi32_ps(std::is_signed_v<T> ? _mm512_cvtepi8_epi32(b)
+                                                : _mm512_cvtepu8_epi32(b));
 }
 template <class T>
 inline __m512 f32_lanes(T v, size_t, unsigned) {
   return _mm512_set1_ps(static_cast<float>(v));
 }
 
-// Integral binary32 lanes of at most 2^24 in magnitude, saturated to TD (8 or 16 bits) and
-// stored at d[0, r).
-template <class TD>
-inline void store_saturated(TD* d, unsigned r, __m512i q) {
-  const auto m = static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
-  if constexpr (std::is_same_v<TD, Vek16s>) {
-    _mm256_mask_storeu_epi16(d, m, _mm512_cvtsepi32_epi16(q));
-  } else if constexpr (std::is_same_v<TD, Vek16u>) {
-    _mm256_mask_storeu_epi16(d, m,
-                             _mm512_cvtusepi32_epi16(_mm512_max_epi32(q, _mm512_setzero_si512())));
-  } else {
-    static_assert(std::is_same_v<TD, Vek8u>);
-    _mm_mask_storeu_epi8(d, m, _mm512_cvtusepi32_epi8(_mm512_max_epi32(q, _mm512_setzero_si512())));
-  }
-}
-
-// The binary32 quotients with 8- and 16-bit results: the rounding folded into the conversion
-// to integer lanes and the clamping into the saturating narrowing, which the compiler does not
-// find on its own. The quotient is the same correctly rounded division as in the generic lanes.
+// The binary32 quotients with 8-bit results, 16 per step, clamped by the saturating narrowing.
 template <int Mode, bool Scaled, class TD, class X, class Y>
 bool f32_quotients(X x, Y y, TD* d, size_t n, Scale<float> sc) {
-  using TY = std::remove_cv_t<std::remove_pointer_t<Y>>;
+  static_assert(std::is_same_v<TD, Vek8u>);
   const __m512 ky = _mm512_set1_ps(sc.y), kx = _mm512_set1_ps(sc.x), one = _mm512_set1_ps(1.0f);
-  const __m512i hi = _mm512_set1_epi32(static_cast<int32_t>(Limits<TD>::max()));
-  const __m512i lo = _mm512_set1_epi32(static_cast<int32_t>(Limits<TD>::min()));
+  const __m512i hi = _mm512_set1_epi32(255);
   __mmask16 zeros = 0;
   const auto block = [&](size_t i, unsigned r) __attribute__((always_inline)) {
     __m512 xv = f32_lanes(x, i, r), yv = f32_lanes(y, i, r);
-    const __mmask16 z = _mm512_cmp_ps_mask(xv, _mm512_setzero_ps(), _CMP_EQ_OQ) &
-                        static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
+    const auto m = static_cast<__mmask16>(_bzhi_u32(0xFFFFu, r));
+    const __mmask16 z = _mm512_cmp_ps_mask(xv, _mm512_setzero_ps(), _CMP_EQ_OQ) & m;
     zeros |= z;
     xv = _mm512_mask_mov_ps(xv, z, one);
     if constexpr (Scaled) {
       xv = _mm512_mul_ps(xv, kx);
       yv = _mm512_mul_ps(yv, ky);
     }
-    __m512 q = _mm512_div_ps(yv, xv);
-    __m512i qi;
-    if constexpr (Mode == kDivTrunc) {
-      qi = _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
-    } else if constexpr (Mode == kDivNearestEven) {
-      qi = _mm512_cvt_roundps_epi32(q, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-    } else {  // q * 1 + 1/2 with the sign of q, rounded toward zero (on the idle multiply-add
-              // units), then truncated
-      const __m512i half =
-          _mm512_ternarylogic_epi32(_mm512_castps_si512(q), _mm512_set1_epi32(INT32_MIN),
-                                    _mm512_set1_epi32(0x3F000000), 0xEA);
-      q = _mm512_fmadd_round_ps(q, one, _mm512_castsi512_ps(half),
-                                _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
-      qi = _mm512_cvtt_roundps_epi32(q, _MM_FROUND_NO_EXC);
-    }
-    qi = _mm512_mask_mov_epi32(qi, z, hi);
-    if constexpr (std::is_signed_v<TY>)
-      qi = _mm512_mask_mov_epi32(qi, z & _mm512_cmp_ps_mask(yv, _mm512_setzero_ps(), _CMP_LT_OQ),
-                                 lo);
-    store_saturated(d + i, r, qi);
+    const __m512i q = _mm512_mask_mov_epi32(rounded<Mode>(_mm512_div_ps(yv, xv)), z, hi);
+    _mm_mask_storeu_epi8(d + i, m,
+                         _mm512_cvtusepi32_epi8(_mm512_max_epi32(q, _mm512_setzero_si512())));
   };
   size_t i = 0;
   for (; i + 16 <= n; i += 16) block(i, 16u);
   if (i < n) block(i, static_cast<unsigned>(n - i));
+  return zeros != 0;
+}
+
+// 16-bit operands, 32 per step. The low and the high four words of each 128-bit lane become
+// two binary32 vectors, which the saturating pack puts back in order. Each word w is paired
+// with the high word 0x4B00, giving 2^23 + w for unsigned data, or, with its sign bit flipped,
+// 2^23 + 2^15 + w for signed data; one multiply-add removes the offset and applies the scale,
+// exactly. This keeps the conversion units, which bound the widening form, nearly idle.
+template <class T>
+struct Words {
+  static constexpr bool is_signed = std::is_signed_v<T>;
+  static constexpr float offset = is_signed ? 8421376.0f : 8388608.0f;
+  __m512i flip = _mm512_set1_epi16(is_signed ? int16_t(0x8000) : 0);
+  __m512i high = _mm512_set1_epi16(0x4B00);
+  // The two vectors of 32 words at p + i (the first c, the rest 0) scaled by k; a constant in
+  // every lane.
+  void load(const T* p, size_t i, __mmask32 m, float k, __m512i& w, __m512& lo, __m512& hi) const {
+    w = _mm512_maskz_loadu_epi16(m, p + i);
+    const __m512i t = _mm512_xor_si512(w, flip);
+    const __m512 kv = _mm512_set1_ps(k), off = _mm512_set1_ps(-offset * k);
+    lo = _mm512_fmadd_ps(_mm512_castsi512_ps(_mm512_unpacklo_epi16(t, high)), kv, off);
+    hi = _mm512_fmadd_ps(_mm512_castsi512_ps(_mm512_unpackhi_epi16(t, high)), kv, off);
+  }
+  void load(T v, size_t, __mmask32, float k, __m512i& w, __m512& lo, __m512& hi) const {
+    w = _mm512_set1_epi16(static_cast<int16_t>(v));
+    lo = hi = _mm512_set1_ps(static_cast<float>(v) * k);
+  }
+};
+
+// The quotients with 16-bit results. Zero divisors are replaced by 1 before the division and
+// their quotients by the substitutes after it, on a path taken only by steps that have one.
+template <int Mode, class TD, class X, class Y>
+bool f32_quotients16(X x, Y y, TD* d, size_t n, Scale<float> sc) {
+  const Words<TD> words;
+  __mmask32 zeros = 0;
+  const auto step = [&](size_t i, __mmask32 m) __attribute__((always_inline)) {
+    __m512i xw, yw;
+    __m512 xl, xh, yl, yh;
+    words.load(x, i, m, sc.x, xw, xl, xh);
+    words.load(y, i, m, sc.y, yw, yl, yh);
+    const __mmask32 z = std::is_pointer_v<X> ? _mm512_testn_epi16_mask(xw, xw) : 0;
+    if (z != 0) [[unlikely]] {
+      const __m512 one = _mm512_set1_ps(1.0f);
+      xl = _mm512_mask_mov_ps(xl, static_cast<__mmask16>(_pext_u32(z, 0x0F0F0F0Fu)), one);
+      xh = _mm512_mask_mov_ps(xh, static_cast<__mmask16>(_pext_u32(z, 0xF0F0F0F0u)), one);
+    }
+    const __m512i ql = rounded<Mode>(_mm512_div_ps(yl, xl)),
+                  qh = rounded<Mode>(_mm512_div_ps(yh, xh));
+    __m512i r = Words<TD>::is_signed ? _mm512_packs_epi32(ql, qh) : _mm512_packus_epi32(ql, qh);
+    if (z != 0) [[unlikely]] {
+      zeros |= z & m;
+      r = _mm512_mask_mov_epi16(r, z, _mm512_set1_epi16(static_cast<int16_t>(Limits<TD>::max())));
+      if constexpr (Words<TD>::is_signed)
+        r = _mm512_mask_mov_epi16(r, z & _mm512_movepi16_mask(yw), _mm512_set1_epi16(INT16_MIN));
+    }
+    _mm512_mask_storeu_epi16(d + i, m, r);
+  };
+  size_t i = 0;
+  for (; i + 32 <= n; i += 32) step(i, ~__mmask32{0});
+  if (i < n) step(i, static_cast<__mmask32>(_bzhi_u32(~0u, static_cast<unsigned>(n - i))));
   return zeros != 0;
 }
 
@@ -190,7 +226,9 @@ template <class F, int Mode, class TD, class X, class Y>
 bool int_quotients(X x, Y y, TD* d, size_t n, Scale<F> sc) {
   using TX = std::remove_cv_t<std::remove_pointer_t<X>>;
   using TY = std::remove_cv_t<std::remove_pointer_t<Y>>;
-  if constexpr (std::is_same_v<F, float> && sizeof(TD) <= 2 && sizeof(TX) <= 2 && sizeof(TY) <= 2) {
+  if constexpr (std::is_same_v<F, float> && sizeof(TD) == 2 && sizeof(TX) <= 2 && sizeof(TY) <= 2) {
+    return f32_quotients16<Mode>(x, y, d, n, sc);
+  } else if constexpr (std::is_same_v<F, float> && sizeof(TD) == 1) {
     if (sc.x == 1 && sc.y == 1) return f32_quotients<Mode, false>(x, y, d, n, sc);
     return f32_quotients<Mode, true>(x, y, d, n, sc);
   } else {
