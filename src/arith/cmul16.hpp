@@ -41,20 +41,29 @@ inline __m512i round_down(__m512i r, int s) {
   return _mm512_sra_epi32(_mm512_add_epi32(_mm512_add_epi32(h, bias), _mm512_or_si512(l, odd)), s1);
 }
 
-// The same for 2 <= s <= 15 on a value that is not -2^31: r + 2^(s-1) - 1 cannot overflow, and
-// one more where the kept part is odd makes the ties go to even.
+// The same for 2 <= s <= 15. r + 2^(s-1) - 1 cannot overflow for a real part, and one more where
+// the kept part is odd makes the ties go to even. An imaginary part may be 2^31, wrapped to
+// -2^31: offset by 2^31 - 2^16 every imaginary part lies in [0, 2^32 - 2^16) as an unsigned
+// number, so it is rounded there with a logical shift and the scaled offset taken off again.
+// The offset is a multiple of 2^(s+1): it changes neither the dropped bits nor the parity.
 struct Short {
   __m128i s;
-  __m512i bias, odd_bit, top;  // top: the exact result for 2^31
+  __m512i bias, odd_bit, bias_off, off;
   explicit Short(int sf)
       : s(_mm_cvtsi32_si128(sf)),
         bias(_mm512_set1_epi32((1 << (sf - 1)) - 1)),
         odd_bit(_mm512_set1_epi32(1 << sf)),
-        top(_mm512_set1_epi32(1 << (31 - sf))) {}
-  __m512i operator()(__m512i r) const {
-    const __m512i t = _mm512_add_epi32(r, bias);
-    return _mm512_sra_epi32(
-        _mm512_mask_sub_epi32(t, _mm512_test_epi32_mask(r, odd_bit), t, _mm512_set1_epi32(-1)), s);
+        bias_off(_mm512_set1_epi32(static_cast<int32_t>((1u << (sf - 1)) - 1 + 0x7FFF0000u))),
+        off(_mm512_set1_epi32(static_cast<int32_t>(0x7FFF0000u >> sf))) {}
+  // (t + 1 where r's kept part is odd) >> s, arithmetic or logical.
+  template <bool Logical>
+  __m512i shift(__m512i r, __m512i t) const {
+    t = _mm512_mask_sub_epi32(t, _mm512_test_epi32_mask(r, odd_bit), t, _mm512_set1_epi32(-1));
+    return Logical ? _mm512_srl_epi32(t, s) : _mm512_sra_epi32(t, s);
+  }
+  __m512i real(__m512i r) const { return shift<false>(r, _mm512_add_epi32(r, bias)); }
+  __m512i imag(__m512i r) const {
+    return _mm512_sub_epi32(shift<true>(r, _mm512_add_epi32(r, bias_off)), off);
   }
 };
 
@@ -65,9 +74,8 @@ inline void finish(const Scale& s, __m512i& re, __m512i& im) {
     re = round_down(re, s);
     im = round_down(im, s);
   } else if constexpr (std::is_same_v<Scale, Short>) {
-    const __mmask16 top = is_top(im);
-    re = s(re);
-    im = _mm512_mask_mov_epi32(s(im), top, s.top);
+    re = s.real(re);
+    im = s.imag(im);
   } else if constexpr (std::is_same_v<Scale, ScaleNone<Vek16s>>) {
     im = fix_top(im);  // the pack saturates
   } else {
