@@ -67,13 +67,31 @@ struct Short {
   }
 };
 
+// The same for 1 <= s <= 9 through binary32: components below 2^24 in magnitude convert
+// exactly and are scaled exactly, and larger ones reach 2^15 after the shift, where the pack
+// saturates whatever the conversion rounded. The imaginary part is converted less one, which
+// is exact in 32 bits (its wrapped 2^31 becomes 2^31 - 1), and the one is added back with the
+// scale by a single multiply-add.
+struct ViaFloat {
+  __m512 k;  // 2^-s
+  explicit ViaFloat(int sf) : k(_mm512_set1_ps(1.0f / static_cast<float>(1 << sf))) {}
+  static __m512i nearest(__m512 f) {
+    return _mm512_cvt_roundps_epi32(f, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+  }
+  __m512i real(__m512i r) const { return nearest(_mm512_mul_ps(_mm512_cvtepi32_ps(r), k)); }
+  __m512i imag(__m512i r) const {
+    const __m512 f = _mm512_cvtepi32_ps(_mm512_sub_epi32(r, _mm512_set1_epi32(1)));
+    return nearest(_mm512_fmadd_ps(f, k, k));
+  }
+};
+
 // The scaled real and imaginary parts.
 template <class Scale>
 inline void finish(const Scale& s, __m512i& re, __m512i& im) {
   if constexpr (std::is_same_v<Scale, int>) {
     re = round_down(re, s);
     im = round_down(im, s);
-  } else if constexpr (std::is_same_v<Scale, Short>) {
+  } else if constexpr (std::is_same_v<Scale, Short> || std::is_same_v<Scale, ViaFloat>) {
     re = s.real(re);
     im = s.imag(im);
   } else if constexpr (std::is_same_v<Scale, ScaleNone<Vek16s>>) {
@@ -147,7 +165,9 @@ inline void products(const Vek16sc* x, const Vek16sc* y, Vek16sc c, Vek16sc* d, 
   __builtin_memcpy(&cbits, &c, sizeof cbits);
   const __m512i yconst = _mm512_set1_epi32(cbits);
   const size_t n = static_cast<size_t>(len);
-  if (sf >= 2 && sf <= 15) {
+  if (sf >= 1 && sf <= 9) {
+    run(x, y, yconst, d, n, ViaFloat(sf));
+  } else if (sf >= 2 && sf <= 15) {
     run(x, y, yconst, d, n, Short(sf));
   } else if (sf >= 1) {
     run(x, y, yconst, d, n, sf);

@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -209,8 +210,9 @@ TEST(ScaledIntegers, VectorForms) {
   UN(Abs, 16s, absolute, kNoScale, , _I), UN(Abs, 32s, absolute, kNoScale, , _I);
 }
 
-// Products of operands near 2^12 span 2^23..2^27, where binary32 no longer holds every integer;
-// about one in 500 lies next to a tie at a given shift. Each shift must still round them exactly.
+// Products of operands near 2^12 span 2^23..2^28, where binary32 no longer holds every integer;
+// about one in 500 lies next to a tie at a given shift. Each shift must still round them
+// exactly, for real and for complex products.
 TEST(ScaledIntegers, LargeSixteenBitProductsAtEveryShift) {
   Rng r{7};
   const int n = 1 << 16;
@@ -219,11 +221,17 @@ TEST(ScaledIntegers, LargeSixteenBitProductsAtEveryShift) {
     a[i] = static_cast<Vek16s>(r.range(2048, 16383) * (r.next() & 1 ? -1 : 1));
     b[i] = static_cast<Vek16s>(r.range(2048, 16383));
   }
+  std::vector<Vek16sc> ca(n / 2), cb(n / 2), cd(n / 2);
+  std::memcpy(ca.data(), a.data(), 2 * size_t(n));
+  std::memcpy(cb.data(), b.data(), 2 * size_t(n));
   for (int sf = 1; sf <= 16; ++sf) {
     ASSERT_EQ(veksMul_16s_Sfs(a.data(), b.data(), d.data(), n, sf), vekStatusOk);
     for (int i = 0; i < n; ++i)
       ASSERT_EQ(d[i], scaled<Vek16s>(i128(a[i]) * b[i], sf))
           << a[i] << " * " << b[i] << " sf " << sf;
+    ASSERT_EQ(veksMul_16sc_Sfs(ca.data(), cb.data(), cd.data(), n / 2, sf), vekStatusOk);
+    for (int i = 0; i < n / 2; ++i)
+      ASSERT_TRUE(matches(cd[i], times(ca[i], cb[i]), sf, 31)) << "complex " << i << " sf " << sf;
   }
 }
 
