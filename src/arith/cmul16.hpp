@@ -14,6 +14,7 @@
 #include "frame/scale.hpp"
 #include "frame/shapes.hpp"
 #include "frame/stream.hpp"
+#include "frame/wide16.hpp"
 
 namespace veks {
 namespace cmul16 {
@@ -72,13 +73,9 @@ struct Short {
 // saturates whatever the conversion rounded. The imaginary part is converted less one, which
 // is exact in 32 bits (its wrapped 2^31 becomes 2^31 - 1), and the one is added back with the
 // scale by a single multiply-add.
-struct ViaFloat {
-  __m512 k;  // 2^-s
-  explicit ViaFloat(int sf) : k(_mm512_set1_ps(1.0f / static_cast<float>(1 << sf))) {}
-  static __m512i nearest(__m512 f) {
-    return _mm512_cvt_roundps_epi32(f, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-  }
-  __m512i real(__m512i r) const { return nearest(_mm512_mul_ps(_mm512_cvtepi32_ps(r), k)); }
+struct ViaFloat : wide16::ScaleDownFloat {
+  using ScaleDownFloat::ScaleDownFloat;
+  __m512i real(__m512i r) const { return scale(r); }
   __m512i imag(__m512i r) const {
     const __m512 f = _mm512_cvtepi32_ps(_mm512_sub_epi32(r, _mm512_set1_epi32(1)));
     return nearest(_mm512_fmadd_ps(f, k, k));

@@ -51,11 +51,12 @@ struct ScaleUpPacked {
 // none on the shuffle units, which the unpacks and the pack keep busy.
 struct ScaleDownFloat {
   __m512 k;  // 2^-sf
-  V32 operator()(V32 r) const {
-    const __m512 f = _mm512_mul_ps(_mm512_cvtepi32_ps(reinterpret_cast<__m512i>(r)), k);
-    return reinterpret_cast<V32>(
-        _mm512_cvt_roundps_epi32(f, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+  explicit ScaleDownFloat(int sf) : k(_mm512_set1_ps(1.0f / static_cast<float>(1 << sf))) {}
+  static __m512i nearest(__m512 f) {
+    return _mm512_cvt_roundps_epi32(f, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
   }
+  __m512i scale(__m512i r) const { return nearest(_mm512_mul_ps(_mm512_cvtepi32_ps(r), k)); }
+  V32 operator()(V32 r) const { return reinterpret_cast<V32>(scale(reinterpret_cast<__m512i>(r))); }
 };
 
 // d[i] = step(x[i], y[i]) for 32 lanes at a time (y a pointer, or yconst when it is null).
@@ -99,7 +100,7 @@ void apply(const Vek16s* x, const Vek16s* y, __m512i yconst, Vek16s* d, size_t n
       by(ScaleNone<int32_t>{});
     } else if constexpr (std::is_same_v<S, ScaleDown<Vek16s>>) {
       if (scale.sf <= 9)
-        by(ScaleDownFloat{_mm512_set1_ps(1.0f / static_cast<float>(1 << scale.sf))});
+        by(ScaleDownFloat(scale.sf));
       else
         by(ScaleDown<int32_t>{scale.sf});
     } else if constexpr (std::is_same_v<S, ScaleUp<Vek16s>>) {
