@@ -3,8 +3,8 @@
 // ac + b(~d) + b, which wraps only in an intermediate and always ends in range (it lies within
 // 2^31 - 2^15 of 0). Only (-32768, -32768) * (-32768, -32768) reaches 2^31 (in the imaginary
 // part); it wraps to -2^31, a value no product takes, so the scale step reads that pattern as
-// +2^31: saturating paths first turn it into 2^31 - 1, and rounding paths either halve before
-// they add their rounding constant or set the exact quotient 2^(31 - s) for it.
+// +2^31: saturating paths first turn it into 2^31 - 1, and the rounding paths below each say how
+// they keep it.
 #pragma once
 
 #include "frame/intrin.hpp"
@@ -29,13 +29,12 @@ inline __m512i fix_top(__m512i r) {  // -2^31 read as 2^31, clamped to 2^31 - 1
   return _mm512_mask_mov_epi32(r, is_top(r), _mm512_set1_epi32(INT32_MAX));
 }
 
-// round(r * 2^-s) with ties to even for 1 <= s <= 31, from h = r / 2 (exact, with -2^31 read as
-// 2^31) and the bit l that the halving dropped.
+// round(r * 2^-s) with ties to even for 2 <= s <= 31 (used from 16), from h = r / 2 (exact, with
+// -2^31 read as 2^31) and the bit l that the halving dropped.
 inline __m512i round_down(__m512i r, int s) {
   const __m512i h =
       _mm512_mask_mov_epi32(_mm512_srai_epi32(r, 1), is_top(r), _mm512_set1_epi32(1 << 30));
   const __m512i one = _mm512_set1_epi32(1), l = _mm512_and_si512(r, one);
-  if (s == 1) return _mm512_add_epi32(h, _mm512_and_si512(l, h));
   const __m128i s1 = _mm_cvtsi32_si128(s - 1);
   const __m512i odd = _mm512_and_si512(_mm512_sra_epi32(h, s1), one);
   const __m512i bias = _mm512_sub_epi32(_mm512_set1_epi32(1 << (s - 2)), one);
@@ -164,9 +163,9 @@ inline void products(const Vek16sc* x, const Vek16sc* y, Vek16sc c, Vek16sc* d, 
   const size_t n = static_cast<size_t>(len);
   if (sf >= 1 && sf <= 9) {
     run(x, y, yconst, d, n, ViaFloat(sf));
-  } else if (sf >= 2 && sf <= 15) {
+  } else if (sf >= 10 && sf <= 15) {
     run(x, y, yconst, d, n, Short(sf));
-  } else if (sf >= 1) {
+  } else if (sf >= 16) {
     run(x, y, yconst, d, n, sf);
   } else {
     with_scale<Vek16s>(sf, 31, [&](auto scale) { run(x, y, yconst, d, n, scale); });

@@ -172,8 +172,8 @@ struct Words {
   static constexpr float offset = is_signed ? 8421376.0f : 8388608.0f;
   __m512i flip = _mm512_set1_epi16(is_signed ? int16_t(0x8000) : 0);
   __m512i high = _mm512_set1_epi16(0x4B00);
-  // The two vectors of 32 words at p + i (the first c, the rest 0) scaled by k; a constant in
-  // every lane.
+  // The two vectors of the 32 words at p + i (the lanes of m, the rest 0) scaled by k; a
+  // constant in every lane.
   void load(const T* p, size_t i, __mmask32 m, float k, __m512i& w, __m512& lo, __m512& hi) const {
     w = _mm512_maskz_loadu_epi16(m, p + i);
     const __m512i t = _mm512_xor_si512(w, flip);
